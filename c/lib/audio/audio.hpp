@@ -1,0 +1,8 @@
+// The audio library: include this header; the files behind it are one room or topic each.
+//
+// Samples are double or int, as each operation says; the int operations are made for 16-bit samples (-32768
+// to 32767) or for 8-bit ones (-128 to 127). A frame is frameSize consecutive samples; frame i starts at
+// sample i * (frameSize - overlap). Frames and samples are numbered from 0.
+#pragma once
+
+#include "audio/cAudio.hpp"

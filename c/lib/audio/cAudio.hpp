@@ -1,0 +1,11 @@
+// Class cAudio, the audio operations by room. Each operation is declared, with its contract, in the header of
+// its room; the class is their sum and holds no data, so its members can be called on any instance or on
+// none.
+#pragma once
+
+#include "audio/failure.hpp"
+#include "audio/framing/framing.hpp"
+
+class cAudio : public cAudioFailure, // the fatal path
+               public cAudioFraming  // frame counts, starts, buffers, index mapping, rounding
+{};

@@ -1,0 +1,7 @@
+// The utility library: include this header; the files behind it are one topic each.
+// Everything stands in the global namespace, under the names that the library's users know.
+#pragma once
+
+#include "utility/console.hpp"
+#include "utility/fatal.hpp"
+#include "utility/rounding.hpp"

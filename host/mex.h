@@ -1,0 +1,45 @@
+// The host functions that the modules and the library use, with the host's own names and C linkage, in the
+// variant of its interface with 32-bit dimensions. A real host brings its own mex.h; this one goes with the
+// stand-in host (standIn.hpp).
+#pragma once
+
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(__GNUC__)
+#define WAVEPITCH_HOST_API __attribute__((visibility("default")))
+#else
+#define WAVEPITCH_HOST_API
+#endif
+
+typedef struct mxArray_tag mxArray;
+typedef enum { mxREAL = 0, mxCOMPLEX = 1 } mxComplexity;
+
+#define mxCreateDoubleMatrix mxCreateDoubleMatrix_700
+
+/// The module's entry point: nlhs output slots, nrhs input arrays. Defined by the module.
+WAVEPITCH_HOST_API void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]);
+
+/// Reports an error and ends the call; does not return.
+[[noreturn]] WAVEPITCH_HOST_API void mexErrMsgTxt(const char* msg);
+/// The name under which the host called the module.
+WAVEPITCH_HOST_API const char* mexFunctionName(void);
+/// Prints on the host console; returns the number of characters.
+WAVEPITCH_HOST_API int mexPrintf(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+/// A rows x columns matrix of zeros, owned by the host.
+WAVEPITCH_HOST_API mxArray* mxCreateDoubleMatrix_700(int rows, int columns, mxComplexity complexity);
+/// Rows, and the product of all further dimensions.
+WAVEPITCH_HOST_API size_t mxGetM(const mxArray* array);
+WAVEPITCH_HOST_API size_t mxGetN(const mxArray* array);
+/// The array's doubles, column after column.
+WAVEPITCH_HOST_API double* mxGetPr(const mxArray* array);
+/// The first element; not-a-number for an empty array.
+WAVEPITCH_HOST_API double mxGetScalar(const mxArray* array);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,36 @@
+// The stand-in host: the functions of mex.h for programs that run without a real host (mexhost, the tests,
+// the benchmarks, any program that uses the library alone). Link it once, into the program.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "mex.h"
+
+/// A real double matrix, column after column.
+struct mxArray_tag {
+    size_t rows = 0;
+    size_t columns = 0;
+    std::vector<double> data; // rows x columns
+};
+
+namespace standIn {
+
+/// What mexErrMsgTxt throws; the program that calls a module catches it.
+class HostError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Where mexPrintf sends its text.
+using Console = void (*)(std::string_view text);
+
+/// Sends console output to another place (null: back to standard output) and returns where it went before.
+Console setConsole(Console console);
+
+/// The name that mexFunctionName answers from now on.
+void setFunctionName(std::string name);
+
+} // namespace standIn
