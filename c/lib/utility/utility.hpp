@@ -4,4 +4,10 @@
 
 #include "utility/console.hpp"
 #include "utility/fatal.hpp"
+#include "utility/file/keyValue.hpp"
+#include "utility/file/lines.hpp"
+#include "utility/file/open.hpp"
+#include "utility/file/vecWrite.hpp"
 #include "utility/rounding.hpp"
+#include "utility/string/blank.hpp"
+#include "utility/string/token.hpp"
