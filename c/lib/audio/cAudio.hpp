@@ -5,7 +5,9 @@
 
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
+#include "audio/pitchFunction/pitchFunction.hpp"
 
-class cAudio : public cAudioFailure, // the fatal path
-               public cAudioFraming  // frame counts, starts, buffers, index mapping, rounding
+class cAudio : public cAudioFailure,      // the fatal path
+               public cAudioFraming,      // frame counts, starts, buffers, index mapping, rounding
+               public cAudioPitchFunction // flipping frames; the pitch functions themselves are free
 {};
