@@ -114,9 +114,15 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
 
 void drawLine(Gnuplot& plot, const mxArray& output, const Scale& along) {
     std::vector<double> points;
-    for (size_t i = 0; i < output.data.size(); ++i)
+    std::vector<double> finite;
+    for (size_t i = 0; i < output.data.size(); ++i) {
         points.insert(points.end(), {along.at(static_cast<double>(i)), finiteOrBlank(output.data[i])});
-    plot.line("set autoscale y");
+        if (std::isfinite(output.data[i])) finite.push_back(output.data[i]);
+    }
+    if (finite.empty()) finite.push_back(0);
+    const auto [least, greatest] = std::minmax_element(finite.begin(), finite.end());
+    const double margin = *least < *greatest ? 0.05 * *greatest - 0.05 * *least : 1 + 0.05 * std::abs(*least);
+    plot.line("set yrange [%.17g:%.17g]", *least - margin, *greatest + margin);
     plot.line("set ylabel 'Value'");
     plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with linespoints pt 7 ps 0.3 "
               "lc rgb '#2c5f8a' notitle",
@@ -153,14 +159,13 @@ void drawPicture(const std::string& path, const std::string& title, const mxArra
     plot.line("set output %s", Gnuplot::quoted(path).c_str());
     plot.line("set multiplot title %s font 'Sans:Bold,13'", Gnuplot::quoted(title).c_str());
     plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
-    plot.line("set border lw 0.8; set tics out nomirror; set grid lc rgb '#d0d0d0' lw 0.5");
+    plot.line("set border lw 0.8; set tics out nomirror");
     const bool drawsWave = wave && !wave->data.empty();
     if (drawsWave) {
         plot.line("set tmargin at screen 0.93; set bmargin at screen 0.69; set format x ''");
         drawWave(plot, *wave, axes.rate);
         plot.line("unset format");
     }
-    plot.line("unset grid");
     plot.line("set tmargin at screen %g; set bmargin at screen 0.085", drawsWave ? 0.65 : 0.93);
     drawOutput(plot, output, axes, !(drawsWave && axes.frames));
     plot.line("unset multiplot");
