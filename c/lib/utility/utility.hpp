@@ -4,4 +4,9 @@
 
 #include "utility/console.hpp"
 #include "utility/fatal.hpp"
+#include "utility/matrix/matrix.hpp"
 #include "utility/rounding.hpp"
+#include "utility/vector/median.hpp"
+#include "utility/vector/resample.hpp"
+#include "utility/vector/search.hpp"
+#include "utility/vector/sort.hpp"
