@@ -6,8 +6,14 @@
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
 #include "audio/matrix.hpp"
+#include "audio/spectrum/spectrum.hpp"
+#include "audio/waveform/synthesis.hpp"
+#include "audio/waveform/waveform.hpp"
 
-class cAudio : public cAudioFailure, // the fatal path
-               public cAudioFraming, // frame counts, starts, buffers, index mapping, rounding
-               public cAudioMatrix   // arrays of row pointers
+class cAudio : public cAudioFailure,   // the fatal path
+               public cAudioFraming,   // frame counts, starts, buffers, index mapping, rounding
+               public cAudioMatrix,    // arrays of row pointers
+               public cAudioSpectrum,  // window, spectrograms, unvoiced cut
+               public cAudioSynthesis, // sound of pitch and notes
+               public cAudioWaveform   // filter, echo, resampling
 {};
