@@ -3,6 +3,7 @@
 // none.
 #pragma once
 
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
 #include "audio/matrix.hpp"
