@@ -10,5 +10,6 @@
 
 class cAudio : public cAudioFailure, // the fatal path
                public cAudioFraming, // frame counts, starts, buffers, index mapping, rounding
-               public cAudioMatrix   // arrays of row pointers
+               public cAudioMatrix,  // arrays of row pointers
+               public cAudioEndPoint // frame features, segments, end-point detectors, volume check
 {};

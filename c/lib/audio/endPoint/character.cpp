@@ -68,8 +68,8 @@ void recordCores(const Levels& level, double threshold, const Characters& charac
     int coreNum = 0;
     const SegmentArray cores(segmentFind(core.data(), static_cast<int>(core.size()), &coreNum));
     for (int i = 0; i < std::min(coreNum, characters.slots); ++i) {
-        characters.start[i] = cores[i].begin;
-        characters.end[i] = cores[i].end;
+        characters.start[i] = cores.get()[i].begin;
+        characters.end[i] = cores.get()[i].end;
     }
     if (coreNum > characters.slots)
         mexPrintf("Warning: some characters are not recorded due to limited length!\n");

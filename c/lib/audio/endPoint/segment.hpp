@@ -16,7 +16,7 @@ struct SEGMENT {
 struct SegmentRelease {
     void operator()(SEGMENT* segments) const { std::free(segments); }
 };
-using SegmentArray = std::unique_ptr<SEGMENT[], SegmentRelease>;
+using SegmentArray = std::unique_ptr<SEGMENT, SegmentRelease>;
 
 /// The maximal runs of elements above 0, in ascending order, each valid. At least one element that is not
 /// above 0 (zero, negative, not-a-number) lies between two of them.

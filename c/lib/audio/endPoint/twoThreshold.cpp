@@ -51,9 +51,9 @@ int cAudioTwoThreshold::epdByVol2(const int* wave, int waveLen, int, int* endPoi
 
     int segNum = 0;
     const SegmentArray segments(segmentFind(on.data(), frameNum, &segNum));
-    for (int i = 0; i < segNum; ++i) {
-        endPoint[2 * i] = segments[i].begin;
-        endPoint[2 * i + 1] = segments[i].end;
+    for (const SEGMENT* s = segments.get(); s != segments.get() + segNum; ++s) {
+        *endPoint++ = s->begin;
+        *endPoint++ = s->end;
     }
     return 2 * segNum;
 }

@@ -57,7 +57,7 @@ int crossings(const Element* frame, std::size_t frameSize) {
 /// The difference of an order, from order + 1 neighbours: neighbours are subtracted order times over. Lanes
 /// may wrap around on the way; a difference that fits is right.
 template <int order, typename Value, typename Load>
-inline Value difference(Load valueAt) {
+[[gnu::always_inline]] inline Value difference(Load valueAt) {
     Value values[order + 1];
 #pragma GCC unroll 8
     for (std::size_t j = 0; j <= order; ++j) values[j] = valueAt(j);
