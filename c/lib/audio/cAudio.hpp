@@ -3,6 +3,7 @@
 // none.
 #pragma once
 
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
 #include "audio/matrix.hpp"
@@ -17,5 +18,6 @@ class cAudio : public cAudioFailure,       // the fatal path
                public cAudioPitchFunction, // flipping frames; the pitch functions themselves are free
                public cAudioSpectrum,      // window, spectrograms, unvoiced cut
                public cAudioSynthesis,     // sound of pitch and notes
-               public cAudioWaveform       // filter, echo, resampling
+               public cAudioWaveform,      // filter, echo, resampling
+               public cAudioEndPoint       // frame features, segments, end-point detectors, volume check
 {};

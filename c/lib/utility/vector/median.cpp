@@ -1,7 +1,11 @@
 #include "utility/vector/median.hpp"
 
+<<<<<<< HEAD
 #include <algorithm>
 #include <cstdint>
+=======
+#include "utility/vector/kernel/intMedian.hpp"
+>>>>>>> room/endpoints
 
 #include "mex.h"
 
@@ -19,6 +23,11 @@ void countInto(int* histVec, int histVecLen, const int* vec, int n) {
 }
 
 } // namespace
+
+template <>
+int vecMedian(const int* vec, int n) {
+    return n < 1 ? 0 : intMedian(instructionSet())(vec, n);
+}
 
 int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {
     histVecLen = std::max(histVecLen, 0);
