@@ -1,11 +1,9 @@
 #include "utility/vector/median.hpp"
 
-<<<<<<< HEAD
+#include "utility/vector/kernel/intMedian.hpp"
+
 #include <algorithm>
 #include <cstdint>
-=======
-#include "utility/vector/kernel/intMedian.hpp"
->>>>>>> room/endpoints
 
 #include "mex.h"
 
