@@ -5,7 +5,9 @@
 
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
+#include "audio/matrix.hpp"
 
 class cAudio : public cAudioFailure, // the fatal path
-               public cAudioFraming  // frame counts, starts, buffers, index mapping, rounding
+               public cAudioFraming, // frame counts, starts, buffers, index mapping, rounding
+               public cAudioMatrix   // arrays of row pointers
 {};

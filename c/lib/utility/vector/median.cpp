@@ -1,0 +1,36 @@
+#include "utility/vector/median.hpp"
+
+#include "mex.h"
+
+namespace {
+
+void countInto(int* histVec, int histVecLen, const int* vec, int n) {
+    std::fill(histVec, histVec + histVecLen, 0);
+    for (int i = 0; i < n; ++i) {
+        if (vec[i] < 0 || vec[i] >= histVecLen) {
+            mexPrintf("Out of bound!\n");
+            mexPrintf("vec[%d]=%d, histVecLen=%d\n", i, vec[i], histVecLen);
+        }
+        if (histVecLen > 0) ++histVec[std::clamp(vec[i], 0, histVecLen - 1)];
+    }
+}
+
+} // namespace
+
+int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {
+    histVecLen = std::max(histVecLen, 0);
+    countInto(histVec, histVecLen, vec, n);
+    if (n < 1) return 0;
+    std::int64_t total = 0;
+    int previous = 0;
+    for (int bin = 0; bin < histVecLen; ++bin) {
+        if (histVec[bin] == 0) continue;
+        total += histVec[bin];
+        if (total >= n / 2 + 1) {
+            const bool alone = n % 2 == 1 || histVec[bin] > 1;
+            return alone ? bin : vectorMedian::middle(previous, bin);
+        }
+        previous = bin;
+    }
+    return 0;
+}
