@@ -6,3 +6,4 @@
 #pragma once
 
 #include "audio/cAudio.hpp"
+#include "audio/pitchFunction/pitchFunction.hpp"
