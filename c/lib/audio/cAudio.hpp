@@ -3,13 +3,15 @@
 // none.
 #pragma once
 
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
 #include "audio/matrix.hpp"
 #include "audio/pitchFunction/pitchFunction.hpp"
 
-class cAudio : public cAudioFailure,      // the fatal path
-               public cAudioFraming,      // frame counts, starts, buffers, index mapping, rounding
-               public cAudioMatrix,       // arrays of row pointers
-               public cAudioPitchFunction // flipping frames; the pitch functions themselves are free
+class cAudio : public cAudioFailure,       // the fatal path
+               public cAudioFraming,       // frame counts, starts, buffers, index mapping, rounding
+               public cAudioMatrix,        // arrays of row pointers
+               public cAudioPitchFunction, // flipping frames; the pitch functions themselves are free
+               public cAudioEndPoint       // frame features, segments, end-point detectors, volume check
 {};

@@ -148,3 +148,7 @@ T vecMedian(const T* vec, int n) {
     std::vector<T> copy(vec, vec + n);
     return vecMedianInPlace(copy.data(), n);
 }
+
+/// By bisection on the value (kernel/intMedian.hpp), which takes no memory and the same time for every order.
+template <>
+int vecMedian(const int* vec, int n);
