@@ -7,3 +7,4 @@
 
 #include "audio/cAudio.hpp"
 #include "audio/pitchFunction/pitchFunction.hpp"
+#include "audio/spectrum/fft.hpp"

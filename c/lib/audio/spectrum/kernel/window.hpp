@@ -1,0 +1,10 @@
+// The Hamming window as the analyses share it.
+#pragma once
+
+#include <vector>
+
+/// Value i of the window of frameSize values.
+double hammingValue(int i, int frameSize);
+
+/// All of them.
+std::vector<double> hammingWindow(int frameSize);

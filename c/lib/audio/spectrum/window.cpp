@@ -1,0 +1,23 @@
+#include "audio/spectrum/kernel/window.hpp"
+
+#include "audio/constants.hpp"
+#include "audio/spectrum/spectrum.hpp"
+
+#include <cmath>
+
+double hammingValue(int i, int frameSize) {
+    return 0.54 - 0.46 * std::cos(i * twoPi / (frameSize - 1));
+}
+
+std::vector<double> hammingWindow(int frameSize) {
+    std::vector<double> window;
+    for (int i = 0; i < frameSize; ++i) window.push_back(hammingValue(i, frameSize));
+    return window;
+}
+
+void cAudioSpectrum::hammingWindowing(float* frame, int frameSize) {
+    for (int i = 0; i < frameSize; ++i) {
+        const double product = hammingValue(i, frameSize) * static_cast<double>(frame[i]);
+        frame[i] = static_cast<float>(product);
+    }
+}

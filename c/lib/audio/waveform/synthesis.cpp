@@ -1,0 +1,117 @@
+#include "audio/waveform/synthesis.hpp"
+
+#include "audio/constants.hpp"
+#include "utility/rounding.hpp"
+#include "utility/vector/search.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include "mex.h"
+
+namespace {
+
+double semitone2freq(double pitch) {
+    return 440.0 * std::exp2((pitch - 69.0) / 12.0);
+}
+
+/// A frame or note of the sound.
+struct Tones {
+    std::vector<int> start;  // first sample
+    std::vector<int> period; // in samples, 0 for a rest
+
+    void add(int firstSample, double pitch, int fs) {
+        start.push_back(firstSample);
+        period.push_back(pitch == 0.0 ? 0
+                                      : std::max(0, myRound(static_cast<float>(fs / semitone2freq(pitch)))));
+    }
+
+    int count() const { return static_cast<int>(start.size()); }
+
+    /// The number of the tone after the one in force; 0 before the first.
+    int following(int position) const { return rangeSearchBinSub(position, start.data(), 0, count() - 1); }
+
+    /// The first start beyond the position, among the tones from next on, or the end.
+    int resumeAt(int position, int next, int end) const {
+        const auto beyond =
+            std::find_if(start.begin() + next, start.end(), [=](int s) { return s > position; });
+        return beyond == start.end() ? end : std::min(*beyond, end);
+    }
+};
+
+void writePeriod(int period, double* wave) {
+    for (int j = 0; j < period; ++j) wave[j] = 0.8 * std::sin((twoPi / period) * j);
+}
+
+void synthesise(const Tones& tones, double* wave, int waveLen) {
+    if (waveLen < 1) return;
+    std::fill(wave, wave + waveLen, 0.0);
+    int lastPeriod = 0; // of the period that ends at the position, there to be repeated
+    for (int position = 0; position < waveLen;) {
+        const int next = tones.following(position);
+        const int period = next < 1 ? 0 : tones.period[static_cast<std::size_t>(next) - 1];
+        if (period == 0) {
+            position = tones.resumeAt(position, next, waveLen);
+            lastPeriod = 0;
+            continue;
+        }
+        if (period > waveLen - position) return;
+        double* sine = wave + position;
+        if (period == lastPeriod)
+            std::copy(sine - period, sine, sine);
+        else
+            writePeriod(period, sine);
+        lastPeriod = period;
+        position += period;
+    }
+}
+
+} // namespace
+
+float cAudioSynthesis::pitch2freq(float pitch) {
+    return pitch <= 0.0F ? 0.0F : static_cast<float>(semitone2freq(static_cast<double>(pitch)));
+}
+
+float cAudioSynthesis::freq2pitch(float freq) {
+    if (freq <= 0.0F) return 0.0F;
+    return static_cast<float>(12.0 * std::log(static_cast<double>(freq) / 440.0) / 0.69314718055995 + 69.0);
+}
+
+void cAudioSynthesis::pitch2wave(const double* pitch, int pitchLen, double pitchRate, int fs, double* wave,
+                                 int waveLen) {
+    Tones frames;
+    for (int i = 0; i < pitchLen; ++i) {
+        const float product = static_cast<float>(i) * static_cast<float>(fs);
+        const auto start = static_cast<float>(static_cast<double>(product) / pitchRate);
+        frames.add(myRound(start), pitch[i], fs);
+    }
+    synthesise(frames, wave, waveLen);
+}
+
+void cAudioSynthesis::note2wave(const double* pitch, int noteNum, const double* duration, int fs,
+                                double* wave, int waveLen) {
+    Tones notes;
+    double seconds = 0.0;
+    for (int i = 0; i < noteNum; ++i) {
+        notes.add(truncateToInt(std::floor(fs * seconds)), pitch[i], fs);
+        seconds += duration[i];
+    }
+    synthesise(notes, wave, waveLen);
+}
+
+void cAudioSynthesis::note2pv(const double* note, int noteLen, double timeStep, double* pv, int pvLen) {
+    double pitch = 0.0;
+    double cumTime = 0.0;
+    int taken = 0;
+    for (int i = 0; i < pvLen; ++i) {
+        if (i * timeStep >= cumTime && noteLen - taken >= 2) {
+            pitch = note[taken];
+            cumTime += note[taken + 1];
+            taken += 2;
+            mexPrintf("noteCumulatedTime=%f\n", cumTime);
+        }
+        pv[i] = pitch;
+    }
+}
