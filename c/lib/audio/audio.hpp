@@ -7,4 +7,6 @@
 
 #include "audio/cAudio.hpp"
 #include "audio/pitchFunction/pitchFunction.hpp"
+#include "audio/pitchTracking/clarity.hpp"
+#include "audio/pitchTracking/path.hpp"
 #include "audio/spectrum/fft.hpp"
