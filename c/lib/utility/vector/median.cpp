@@ -1,5 +1,7 @@
 #include "utility/vector/median.hpp"
 
+#include "utility/vector/kernel/intMedian.hpp"
+
 #include <algorithm>
 #include <cstdint>
 
@@ -19,6 +21,11 @@ void countInto(int* histVec, int histVecLen, const int* vec, int n) {
 }
 
 } // namespace
+
+template <>
+int vecMedian(const int* vec, int n) {
+    return n < 1 ? 0 : intMedian(instructionSet())(vec, n);
+}
 
 int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {
     histVecLen = std::max(histVecLen, 0);

@@ -84,3 +84,7 @@ T vecMedian(const T* vec, int n) {
     std::copy(vec, vec + n, block.get());
     return medianWithSpare(block.get(), block.get() + length, n);
 }
+
+/// By bisection on the value (kernel/intMedian.hpp), which takes no memory and the same time for every order.
+template <>
+int vecMedian(const int* vec, int n);

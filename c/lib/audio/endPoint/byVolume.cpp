@@ -1,0 +1,87 @@
+// 1. A value for each frame: its volume, or the mean of its volume and its ASHOD.
+// 2. The range of the values, robustly: the k-th smallest and the k-th largest, k about one frame in 32.
+// 3. Frames above a threshold inside that range are on; runs of them are segments.
+// 4. Short segments go.
+// 5. The last segment that is left goes if it is detached: short, and far after the one before.
+#include "audio/endPoint/byVolume.hpp"
+
+#include "audio/endPoint/ashod.hpp"
+#include "audio/endPoint/levelThreshold.hpp"
+#include "audio/endPoint/volume.hpp"
+#include "audio/endPoint/wholeFrames.hpp"
+#include "utility/rounding.hpp"
+
+namespace {
+
+using Curve = std::vector<int>;
+
+Curve volumeCurve(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+    auto volume = valuePerFrame<int>(waveLen, epdParam.frameSize, epdParam.overlap);
+    wave2volume(wave, waveLen, epdParam.frameSize, epdParam.overlap, volume.data(), 1);
+    return volume;
+}
+
+Curve volumeAndAshodCurve(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+    Curve curve = volumeCurve(wave, waveLen, epdParam);
+    Curve ashod(curve.size());
+    cAudioAshod::wave2ashod(wave, waveLen, epdParam.frameSize, epdParam.overlap, ashod.data(),
+                            epdParam.diffOrder);
+    std::transform(curve.begin(), curve.end(), ashod.begin(), curve.begin(),
+                   [](std::int64_t v, std::int64_t h) { return static_cast<int>((v + h) / 2); });
+    return curve;
+}
+
+/// The threshold of a curve with at least one value.
+int thresholdOf(Curve curve, int ratio) {
+    const auto frameNum = static_cast<int>(curve.size());
+    const int k = std::max(1, myRound(static_cast<float>(frameNum * 0.03125)));
+    const auto low = curve.begin() + (k - 1);
+    const auto high = curve.begin() + (frameNum - k);
+    std::nth_element(curve.begin(), low, curve.end());
+    const int lowest = *low;
+    std::nth_element(curve.begin(), high, curve.end());
+    return levelThreshold(lowest, *high, ratio);
+}
+
+/// Frames in a duration, each step in single precision.
+int framesIn(float seconds, int fs, const EPDPARAM& epdParam) {
+    const auto step = static_cast<float>(std::int64_t{epdParam.frameSize} - epdParam.overlap);
+    return myRound(seconds * static_cast<float>(fs) / step);
+}
+
+/// @return  the end of the segments that are left.
+SEGMENT* withoutShort(SEGMENT* first, SEGMENT* last, int minFrames) {
+    return std::remove_if(first, last, [=](const SEGMENT& s) { return s.duration <= minFrames; });
+}
+
+SEGMENT* withoutDetached(SEGMENT* first, SEGMENT* last, int maxSilence, int minFrames) {
+    if (last - first < 2) return last;
+    const SEGMENT& word = last[-1];
+    const bool detached = word.begin - last[-2].end > maxSilence && word.duration <= minFrames;
+    return detached ? last - 1 : last;
+}
+
+SEGMENT* segmentsOf(Curve curve, int ratio, int fs, const EPDPARAM& epdParam, int* segNum) {
+    *segNum = 0;
+    if (curve.empty()) return segmentFind(curve.data(), 0, segNum);
+    const int threshold = thresholdOf(curve, ratio);
+    for (int& value : curve) value = value > threshold ? 1 : 0;
+    SEGMENT* segments = segmentFind(curve.data(), static_cast<int>(curve.size()), segNum);
+    SEGMENT* last = withoutShort(segments, segments + *segNum, framesIn(epdParam.minSegment, fs, epdParam));
+    last = withoutDetached(segments, last, framesIn(epdParam.maxSilBetweenWord, fs, epdParam),
+                           framesIn(epdParam.minLastWordDuration, fs, epdParam));
+    *segNum = static_cast<int>(last - segments);
+    return segments;
+}
+
+} // namespace
+
+SEGMENT* cAudioByVolume::epdByVol(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
+                                  int* segNum) {
+    return segmentsOf(volumeCurve(wave, waveLen, epdParam), epdParam.volRatio, fs, epdParam, segNum);
+}
+
+SEGMENT* cAudioByVolume::epdByVolHod(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
+                                     int* segNum) {
+    return segmentsOf(volumeAndAshodCurve(wave, waveLen, epdParam), epdParam.vhRatio, fs, epdParam, segNum);
+}

@@ -1,0 +1,68 @@
+#include "audio/endPoint/kernel/frameKernel.hpp"
+
+#include "audio/endPoint/kernel/frameKernelText.hpp"
+#include "audio/endPoint/made.hpp"
+#include "utility/vector/kernel/intMedian.hpp"
+#include "utility/vector/kernel/intMedianText.hpp"
+
+#include <random>
+
+namespace {
+
+using Wide = std::vector<std::int64_t>;
+
+/// The binomial coefficients arise as neighbours are subtracted, order times over.
+std::int64_t plainDifferences(Wide x, int order) {
+    for (; order > 0 && !x.empty(); --order, x.pop_back())
+        for (std::size_t i = 0; i + 1 < x.size(); ++i) x[i] = x[i + 1] - x[i];
+    std::int64_t sum = 0;
+    for (const auto d : x) sum += std::min<std::int64_t>(std::abs(d), INT_MAX);
+    return sum;
+}
+
+template <typename Sample>
+int plainCrossings(const Sample* x, std::size_t n) {
+    int count = 0;
+    for (std::size_t j = 1; j < n; ++j) count += (x[j - 1] > 0 && x[j] < 0) || (x[j - 1] < 0 && x[j] > 0);
+    return count;
+}
+
+/// The kernels in every width of their text (512 bits too, whatever the processor), then as they run here.
+std::vector<std::pair<FrameKernel, IntMedian>> versions() {
+    std::vector<std::pair<FrameKernel, IntMedian>> all{{kernelOfWidth<16>(), medianOfInts<16>},
+                                                       {kernelOfWidth<32>(), medianOfInts<32>},
+                                                       {kernelOfWidth<64>(), medianOfInts<64>}};
+    for (const auto set : {InstructionSet::portable, InstructionSet::avx2, InstructionSet::avx512})
+        if (set <= widestInstructionSet()) all.emplace_back(frameKernel(set), intMedian(set));
+    return all;
+}
+
+TEST(FrameKernel, EveryVersionEqualsThePlainLoops) {
+    std::mt19937 random(4); // NOLINT(cert-msc51-cpp)
+    // Samples from 2^26 on have differences that leave 32 bits.
+    for (const int most : {0, 1, 128, 32767, (1 << 26) - 1, 1 << 26, INT_MAX})
+        for (const std::size_t n : {0, 1, 2, 5, 6, 7, 8, 9, 15, 16, 17, 20, 21, 33, 65, 130, 255, 256}) {
+            std::uniform_int_distribution<int> any(-most - 1, most);
+            Ints wave(n + 3);
+            for (int& x : wave) x = random() % 3 ? any(random) : random() % 2 ? most : -most - 1;
+            Reals reals(wave.begin(), wave.end());
+            for (double& x : reals) x = random() % 9 ? x : notANumber;
+            const int* x = wave.data() + random() % 3;
+            Wide sorted(x, x + n);
+            std::int64_t deviation = 0;
+            for (const auto value : sorted) deviation += std::abs(value - x[0]);
+            std::sort(sorted.begin(), sorted.end());
+            for (const auto& [kernel, median] : versions()) {
+                EXPECT_EQ(kernel.deviation(x, n, x[0]), deviation) << n << " samples up to " << most;
+                EXPECT_EQ(kernel.crossings(x, n), plainCrossings(x, n)) << n << ' ' << most;
+                EXPECT_EQ(kernel.crossingsOfDoubles(&reals[1], n), plainCrossings(&reals[1], n)) << n;
+                for (int k = 1; k <= 5; ++k)
+                    EXPECT_EQ(kernel.differences(x, n, k), plainDifferences({x, x + n}, k)) << n << ' ' << k;
+                if (n == 0) continue;
+                const std::int64_t twice = sorted[(n - 1) / 2] + sorted[n / 2];
+                EXPECT_EQ(median(x, static_cast<int>(n)), twice / 2) << n << " samples up to " << most;
+            }
+        }
+}
+
+} // namespace
