@@ -30,11 +30,11 @@ TEST(Synthesis, WritesWholePeriodsAndEnds) {
         {{60, 0}, {0.5, 0.5}, 8000, 31, 4030, 4030, 4030},
         {{69, 0, 69}, {0.01, 0, 1}, 100, 18, 90, 90, 90},
         {{0, 69}, {0, 1}, 100, 18, 0, 0, 0}, // the search meets the rest, and no start lies beyond it
-        {{NAN, 69}, {0.01, 1}, 200, 18, 0, 80, 188},
+        {{std::nan(""), 69}, {0.01, 1}, 200, 18, 0, 80, 188},
         {{200, 69}, {0.01, 1}, 200, 18, 0, 80, 188}, // a period of no sample
         {{-1e9}, {1}, 100, 18, 0, 0, 0},             // one beyond the output
         {{69, 0}, {-1, 1}, 100, 18, 18, 18, 18},     // starts that do not ascend
-        {{69, 69}, {NAN, 1}, 100, 18, 90, 90, 90},
+        {{69, 69}, {std::nan(""), 1}, 100, 18, 90, 90, 90},
         {{}, {}, 100, 18, 0, 0, 0},
     };
     for (const auto& c : cases) {
@@ -63,7 +63,7 @@ TEST(Synthesis, PeriodIsFoundAgain) {
 TEST(Synthesis, NotesToPitch) {
     const Doubles note{60, 0.1, 62, 0.1, 64};
     const std::pair<double, Doubles> cases[] = {
-        {0.05, {60, 60, 62, 62, 62}}, {0.3, {60, 62, 62}}, {NAN, {0, 0}}};
+        {0.05, {60, 60, 62, 62, 62}}, {0.3, {60, 62, 62}}, {std::nan(""), {0, 0}}};
     for (const auto& [timeStep, expected] : cases) {
         Doubles pv(expected.size(), 9.0);
         const ConsoleCapture console;

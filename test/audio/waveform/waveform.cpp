@@ -19,8 +19,8 @@ Doubles filtered(const Doubles& b, const Doubles& a, Doubles x) {
 
 TEST(Filter, EqualsTheDifferenceEquationSampleBySample) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
-    for (const size_t order : {0, 1, 2, 3, 16, 40})
-        for (const size_t xLen : {0, 1, 17, 1024, 1025, 3000}) {
+    for (const size_t order : {0U, 1U, 2U, 3U, 16U, 40U})
+        for (const size_t xLen : {0U, 1U, 17U, 1024U, 1025U, 3000U}) {
             Doubles b(order), a(xLen % 2 == 0 ? order : order / 2), x(xLen), y(xLen);
             for (Doubles* vec : {&b, &a, &x})
                 for (double& element : *vec) element = std::normal_distribution<double>(0, 0.2)(random);
@@ -40,8 +40,9 @@ TEST(Echo, IsACombOrNothing) {
     const struct {
         int waveLen, period; // 0: the output is the input
         double delay;
-    } cases[] = {{6000, 2000, 0.25}, {2001, 2000, 0.25}, {2000, 0, 0.25}, {6000, 1, 1e-4}, {6000, 0, 6e-5},
-                 {6000, 0, -1},      {6000, 0, NAN},     {6000, 0, 1e12}, {0, 0, 0.25}};
+    } cases[] = {{6000, 2000, 0.25},      {2001, 2000, 0.25}, {2000, 0, 0.25},
+                 {6000, 1, 1e-4},         {6000, 0, 6e-5},    {6000, 0, -1},
+                 {6000, 0, std::nan("")}, {6000, 0, 1e12},    {0, 0, 0.25}};
     for (const auto& c : cases) {
         Doubles wave(size_t(c.waveLen)), out(wave), expected(wave);
         if (c.waveLen > 0) wave[0] = expected[0] = 4096;
