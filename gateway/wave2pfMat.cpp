@@ -17,7 +17,7 @@ constexpr int messageSize = 200;
 /// Reports "MODULE: RULE" through the host, with the offending values formatted in; does not return.
 template <typename... Values>
 [[noreturn]] void refuse(const char* rule, Values... values) {
-    char text[messageSize];
+    char text[messageSize / 2];
     char msg[messageSize];
     std::snprintf(text, sizeof text, rule, values...);
     std::snprintf(msg, sizeof msg, "%s: %s", mexFunctionName(), text);

@@ -1,5 +1,6 @@
 #include "standIn.hpp"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <limits>
@@ -15,6 +16,30 @@ void toStandardOutput(std::string_view text) {
 standIn::Console currentConsole = toStandardOutput;
 std::string functionName = "mexFunction"; // NOLINT(cert-err58-cpp)
 
+using Arrays = std::vector<std::unique_ptr<mxArray>>;
+
+Arrays* arraysOfCall = nullptr; // what the running call has created; null outside of calls
+
+/// Owns what one call creates, and gives way to the call around it at the end.
+class CallScope {
+public:
+    CallScope() : outer(std::exchange(arraysOfCall, &arrays)) {}
+    ~CallScope() { arraysOfCall = outer; }
+    CallScope(const CallScope&) = delete;
+    CallScope& operator=(const CallScope&) = delete;
+
+    std::unique_ptr<mxArray> release(const mxArray* array) {
+        const auto owner = std::find_if(arrays.begin(), arrays.end(),
+                                        [&](const auto& created) { return created.get() == array; });
+        if (owner == arrays.end()) mexErrMsgTxt("an output is not an array of its own, created by the call");
+        return std::move(*owner);
+    }
+
+private:
+    Arrays arrays;
+    Arrays* outer;
+};
+
 } // namespace
 
 namespace standIn {
@@ -25,6 +50,17 @@ Console setConsole(Console console) {
 
 void setFunctionName(std::string name) {
     functionName = std::move(name);
+}
+
+Arrays call(EntryPoint entry, int outputCount, const std::vector<mxArray>& inputs) {
+    std::vector<const mxArray*> prhs;
+    for (const mxArray& input : inputs) prhs.push_back(&input);
+    std::vector<mxArray*> plhs(static_cast<size_t>(std::max(outputCount, 1)));
+    CallScope scope;
+    entry(outputCount, plhs.data(), static_cast<int>(prhs.size()), prhs.data());
+    Arrays outputs;
+    for (const mxArray* array : plhs) outputs.push_back(array ? scope.release(array) : nullptr);
+    return outputs;
 }
 
 } // namespace standIn
@@ -56,7 +92,10 @@ mxArray* mxCreateDoubleMatrix_700(int rows, int columns, mxComplexity complexity
         mexErrMsgTxt("mxCreateDoubleMatrix: only real matrices of non-negative size");
     const auto m = static_cast<size_t>(rows);
     const auto n = static_cast<size_t>(columns);
-    return new mxArray{m, n, std::vector<double>(m * n)};
+    std::unique_ptr<mxArray> array(new mxArray{m, n, std::vector<double>(m * n)});
+    if (!arraysOfCall) return array.release();
+    arraysOfCall->push_back(std::move(array));
+    return arraysOfCall->back().get();
 }
 
 size_t mxGetM(const mxArray* array) {

@@ -2,6 +2,7 @@
 // the benchmarks, any program that uses the library alone). Link it once, into the program.
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -32,5 +33,19 @@ Console setConsole(Console console);
 
 /// The name that mexFunctionName answers from now on.
 void setFunctionName(std::string name);
+
+using EntryPoint = decltype(&mexFunction);
+
+/// Calls a module as a host does: every array that it creates and does not hand out is released at the end
+/// of the call, whichever way the call ends. (Outside of such a call a created array belongs to its creator,
+/// who deletes it.)
+///
+/// @param outputCount  outputs asked for, at least 0; there is one output slot even for none.
+/// @param inputs       the input arrays, in order.
+/// @return             max(outputCount, 1) arrays; null where the module has set none.
+/// Whatever the module throws passes through; an output that the call has not created, or that stands in
+/// two slots, is a HostError.
+std::vector<std::unique_ptr<mxArray>> call(EntryPoint entry, int outputCount,
+                                           const std::vector<mxArray>& inputs);
 
 } // namespace standIn

@@ -2,40 +2,71 @@
 
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
+#include "audio/pitchFunction/kernel/kernel.hpp"
 #include "utility/fatal.hpp"
 
-#include <algorithm>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <vector>
 
 #include "mex.h"
 
 namespace {
 
-[[noreturn]] void unknownMethod(const char* function, const double* /*instance*/) {
-    std::printf("Unknown method for %s()!\n", function);
+using pitchFunctionKernel::Task;
+using pitchFunctionKernel::taskOf;
+using pitchFunctionKernel::Version;
+
+[[noreturn]] void unknownMethod(PF_TYPE pfType, const double* /*instance*/) {
+    std::puts(pfType == PF_ACF ? "Unknown method for frame2acf()!" : "Unknown method for frame2amdf()!");
     std::exit(1);
 }
 
-[[noreturn]] void unknownMethod(const char* function, const int* /*instance*/) {
-    mexPrintf("Unknown method for %s()!\n", function);
+[[noreturn]] void unknownMethod(PF_TYPE pfType, const int* /*instance*/) {
+    mexPrintf(pfType == PF_ACF ? "Unknown method for frame2acf()!\n" : "Unknown method for frame2amdf()!\n");
     std::exit(1);
 }
 
-template <typename T, typename Term>
-void sumByLag(const T* frame, int frameSize, double* pf, int pfLen, int method, Term term) {
-    const std::int64_t n = frameSize;
-    for (std::int64_t lag = 0; lag < pfLen; ++lag) {
-        std::int64_t terms = n - lag;
-        if (method == 3) terms = std::min(terms, n - pfLen);
-        if (method == 4) terms = std::min<std::int64_t>(terms, pfLen);
-        double sum = 0.0;
-        for (std::int64_t j = 0; j < terms; ++j)
-            sum += term(static_cast<double>(frame[j]), static_cast<double>(frame[j + lag]));
-        pf[lag] = method == 2 ? sum / static_cast<double>(n - lag) : sum;
+/// Room for a kernel's work.
+class WorkBlock {
+public:
+    explicit WorkBlock(std::size_t size) : block(::operator new(size, alignment)) {}
+    ~WorkBlock() { ::operator delete(block, alignment); }
+    WorkBlock(const WorkBlock&) = delete;
+    WorkBlock& operator=(const WorkBlock&) = delete;
+
+    void* get() const { return block; }
+
+private:
+    static constexpr std::align_val_t alignment{64};
+    void* block;
+};
+
+void run(const Version& version, const Task& task, const double* wave, const std::vector<int>& start,
+         void* work, double* pf) {
+    version.ofDoubles(task, wave, start.data(), start.size(), work, pf);
+}
+
+void run(const Version& version, const Task& task, const int* wave, const std::vector<int>& start, void* work,
+         double* pf) {
+    version.ofInts(task, wave, start.data(), start.size(), work, pf);
+}
+
+/// The pitch functions of the frames that start at these samples. The lags of frameSize and more, which have
+/// no terms, are no matter of the kernels.
+template <typename T>
+void pitchFunctions(const Task& task, const T* wave, const std::vector<int>& start, double* pf) {
+    const Version& version = pitchFunctionKernel::version();
+    if (task.lags > 0) {
+        const WorkBlock work(version.workSize(task));
+        run(version, task, wave, start, work.get(), pf);
     }
+    for (std::size_t i = 0; i < start.size(); ++i)
+        for (std::size_t lag = task.lags; lag < task.stride; ++lag) {
+            const double terms = static_cast<double>(task.frameSize) - static_cast<double>(lag);
+            pf[i * task.stride + lag] = task.average ? 0.0 / terms : 0.0;
+        }
 }
 
 void subtractMean(double* frame, int frameSize) {
@@ -46,26 +77,27 @@ void subtractMean(double* frame, int frameSize) {
 }
 
 void subtractMean(int* frame, int frameSize) {
-    std::int64_t sum = 0;
-    for (int j = 0; j < frameSize; ++j) sum += frame[j];
-    const std::int64_t mean = sum / frameSize;
-    for (int j = 0; j < frameSize; ++j)
-        frame[j] = static_cast<int>(std::clamp<std::int64_t>(frame[j] - mean, INT32_MIN, INT32_MAX));
+    pitchFunctionKernel::version().removeMean(frame, static_cast<std::size_t>(frameSize));
+}
+
+bool isKnown(int method) {
+    return method >= 1 && method <= 4;
 }
 
 } // namespace
 
 template <typename T1, typename T2>
 void frame2amdf(const T1* frame, int frameSize, T2* amdf, int pfLen, int method) {
-    if (method < 1 || method > 4) unknownMethod("frame2amdf", frame);
-    sumByLag(frame, frameSize, amdf, pfLen, method, [](double a, double b) { return std::abs(a - b); });
+    if (!isKnown(method)) unknownMethod(PF_AMDF, frame);
+    pitchFunctions(taskOf(frameSize, pfLen, false, method), frame, {0}, amdf);
 }
 
 template <typename T1, typename T2>
 void frame2acf(T1* frame, int frameSize, T2* acf, int pfLen, int method, int removeMean) {
     if (removeMean && frameSize > 0) subtractMean(frame, frameSize);
-    if (method < 1 || method > 4) unknownMethod("frame2acf", frame);
-    sumByLag(frame, frameSize, acf, pfLen, method, [](double a, double b) { return a * b; });
+    if (!isKnown(method)) unknownMethod(PF_ACF, frame);
+    const T1* samples = frame;
+    pitchFunctions(taskOf(frameSize, pfLen, true, method), samples, {0}, acf);
 }
 
 template <typename T1, typename T2>
@@ -76,15 +108,17 @@ void wave2pfMat(const T1* wave, int waveLen, int frameSize, int overlap, int pfL
     if (pfType != PF_AMDF && pfType != PF_ACF)
         myExitFormatted("Unknown pfType=%d (line %d of file %s)", static_cast<int>(pfType), __LINE__,
                         audioSourcePath);
-    const std::int64_t step = std::int64_t{frameSize} - overlap;
-    std::vector<T1> copy(static_cast<std::size_t>(frameSize));
-    for (std::int64_t i = 0; i < frameNum; ++i) {
-        std::copy_n(wave + i * step, frameSize, copy.data());
-        if (pfMethod != 1 && pfMethod != 2) cAudioPitchFunction::frameFlip(copy.data(), frameSize);
-        if (pfType == PF_ACF)
-            frame2acf(copy.data(), frameSize, pfMat + i * pfLen, pfLen, pfMethod, 1);
-        else
-            frame2amdf(copy.data(), frameSize, pfMat + i * pfLen, pfLen, pfMethod);
+    if (!isKnown(pfMethod)) unknownMethod(pfType, wave);
+    Task task = taskOf(frameSize, pfLen, pfType == PF_ACF, pfMethod);
+    task.flip = pfMethod > 2;
+    task.removeMean = pfType == PF_ACF;
+    try {
+        std::vector<int> start(static_cast<std::size_t>(frameNum));
+        cAudioFraming::buffer2(waveLen, frameSize, overlap, start.data());
+        pitchFunctions(task, wave, start, pfMat);
+    } catch (const std::bad_alloc&) {
+        myExitFormatted("wave2pfMat: no memory for frames of frameSize=%d samples (line %d of file %s)",
+                        frameSize, __LINE__, audioSourcePath);
     }
 }
 

@@ -72,13 +72,13 @@ void forEachBlock(Index size, Index len, Visit visit) {
         for (Index i0 = start; i0 < size; i0 += distance) visit(i0);
 }
 
-/// The butterflies of one block, for count consecutive angles; the pointers stand at the first of them.
+/// The butterflies of count consecutive angles, on the four quarters x0 to x3 (real) and y0 to y3 (imaginary)
+/// of a block.
 template <typename T>
-inline void butterflies(T* real, T* imag, Index quarter, Index count, const Twiddles<T>& twiddles) {
-    T* __restrict x0 = real, * __restrict x1 = x0 + quarter, * __restrict x2 = x1 + quarter, * __restrict x3 = x2 + quarter;
-    T* __restrict y0 = imag, * __restrict y1 = y0 + quarter, * __restrict y2 = y1 + quarter, * __restrict y3 = y2 + quarter;
-    const T* __restrict cc1 = twiddles.cc1, * __restrict ss1 = twiddles.ss1;
-    const T* __restrict cc3 = twiddles.cc3, * __restrict ss3 = twiddles.ss3;
+void butterflies(Index count, T* __restrict x0, T* __restrict x1, T* __restrict x2, T* __restrict x3,
+                 T* __restrict y0, T* __restrict y1, T* __restrict y2, T* __restrict y3,
+                 const T* __restrict cc1, const T* __restrict ss1, const T* __restrict cc3,
+                 const T* __restrict ss3) {
     for (Index j = 0; j < count; ++j) {
         const T r1 = x0[j] - x2[j], r2 = x1[j] - x3[j];
         const T s1 = y0[j] - y2[j], s2 = y1[j] - y3[j];
@@ -101,7 +101,10 @@ void stage(T* real, T* imag, Index size, Index len, Index first, Index count, co
     const Index quarter = len / 4;
     const auto run = [=](auto quarters, auto angles) {
         forEachBlock(size, len, [=](Index i0) {
-            butterflies<T>(real + i0 + first, imag + i0 + first, quarters, angles, twiddles);
+            T *x = real + i0 + first, *y = imag + i0 + first;
+            butterflies<T>(angles, x, x + quarters, x + 2 * quarters, x + 3 * quarters, y, y + quarters,
+                           y + 2 * quarters, y + 3 * quarters, twiddles.cc1, twiddles.ss1, twiddles.cc3,
+                           twiddles.ss3);
         });
     };
     // The last stages are too short for a loop: their lengths are made known to the compiler.

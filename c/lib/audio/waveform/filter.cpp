@@ -14,11 +14,17 @@ void feedForward(const double* b, int bLen, const double* x, int begin, int end,
         for (int n = std::max(begin, k); n < end; ++n) y[n] += b[k] * x[n - k];
 }
 
+/// Each output waits for the one before it, which is at hand without a detour through memory.
 void feedBack(const double* a, int aLen, int begin, int end, double* y) {
-    for (int n = begin; n < end; ++n) {
-        double sum = 0.0;
-        for (int k = 1; k < aLen && k <= n; ++k) sum += a[k] * y[n - k];
-        y[n] -= sum;
+    if (aLen < 2) return;
+    const int first = std::max(begin, 1); // the first sample has nothing to feed back
+    double previous = y[first - 1];
+    for (int n = first; n < end; ++n) {
+        const int terms = std::min(aLen, n + 1);
+        double sum = a[1] * previous;
+        for (int k = 2; k < terms; ++k) sum += a[k] * y[n - k];
+        previous = y[n] - sum;
+        y[n] = previous;
     }
 }
 

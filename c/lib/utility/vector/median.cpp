@@ -2,6 +2,9 @@
 
 #include "utility/vector/kernel/intMedian.hpp"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "mex.h"
 
 namespace {
@@ -35,7 +38,7 @@ int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {
         total += histVec[bin];
         if (total >= n / 2 + 1) {
             const bool alone = n % 2 == 1 || histVec[bin] > 1;
-            return alone ? bin : vectorMedian::middle(previous, bin);
+            return alone ? bin : meanOfMiddle(previous, bin);
         }
         previous = bin;
     }

@@ -1,31 +1,32 @@
 // Median of a vector: by selection, and by counting over a histogram.
 #pragma once
 
+#include "utility/vector/medianSelection.hpp"
+
 #include <algorithm>
 #include <concepts>
-#include <cstdint>
-#include <limits>
+#include <cstddef>
+#include <memory>
 #include <numeric>
-#include <utility>
-#include <vector>
 
 /// The median of n values: the middle one, or for an even n the mean of the two in the middle, which for an
 /// integer type is truncated toward zero ({1, 2} gives 1, {-3, 0} gives -1) and cannot overflow.
 ///
-/// @param vec  n values in any order; left as they are.
+/// @param vec  n values in any order, of an integer type, float or double; left as they are.
 /// @return     the median; 0 for n below 1, when vec is not looked at.
 ///
-/// Linear in n for every order of the values: random, sorted, constant, saw-tooth. A zero median of a vector
-/// that holds zeros of both signs may have either sign. Not-a-number compares unordered: a vector that holds
-/// some gives what selection with the first value of the range as pivot comes to rest on (see
-/// vecMedianInPlace), or where that takes too many steps the median with not-a-number above all numbers.
+/// Linear in n for every order of the values: random, sorted, constant, saw-tooth. Not-a-number compares
+/// unordered, and zeros of both signs compare equal: which of them is found follows from the selection that
+/// takes the first value of a range as pivot and swaps smaller ones in front of it, in order. Where that
+/// takes too many steps (16 million with not-a-number, 4 n without), a zero may have either sign, and
+/// not-a-number stands above all numbers.
 template <typename T>
 T vecMedian(const T* vec, int n);
 
-/// The same for callers that bring their own copy, such as those that take the median of every frame: no
-/// memory is taken.
+/// The same for callers that bring a copy of their own, such as those that take the median of every frame: up
+/// to 1024 values take no memory.
 ///
-/// @param scratch  n values; left in another order.
+/// @param scratch  n values; changed to anything.
 template <typename T>
 T vecMedianInPlace(T* scratch, int n);
 
@@ -39,114 +40,49 @@ T vecMedianInPlace(T* scratch, int n);
 /// @return            the median; 0 for n below 1 or without a bin.
 int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen);
 
-// Selection narrows an active range of positions until its pivot comes to stand at the middle one. The pivot
-// is the first value of the range, which makes constant, sorted and saw-tooth vectors take a quadratic number
-// of steps; so a pivot that nothing in the range can be below is passed over without a look at the range, and
-// a selection that takes much longer than a random vector's goes over to the standard library's.
-
-namespace vectorMedian {
-
-/// Partitions positions first to last around the value at first.
-///
-/// @return  the pivot's position: smaller values stand before it, all others after it.
+/// The mean of two values, truncated toward zero for integers.
 template <typename T>
-int partition(T* vec, int first, int last) {
-    const T pivot = vec[first];
-    int place = first;
-    for (int i = first + 1; i <= last; ++i) {
-        // Without a branch, which random values would make the processor guess wrong half of the time.
-        const T value = vec[i];
-        const T other = vec[place + 1];
-        const bool smaller = value < pivot;
-        vec[i] = smaller ? other : value;
-        vec[place + 1] = smaller ? value : other;
-        place += smaller ? 1 : 0;
-    }
-    std::swap(vec[first], vec[place]);
-    return place;
-}
-
-/// Not-a-number above every number: an order that the standard library can select by.
-template <typename T>
-bool below(T a, T b) {
-    if constexpr (std::floating_point<T>) {
-        if (a != a) return false;
-        if (b != b) return true;
-    }
-    return a < b;
-}
-
-template <typename T>
-bool holdsNotANumber(const T* vec, int n) {
-    return std::any_of(vec, vec + n, [](T value) { return value != value; });
-}
-
-/// Moves the value that belongs at position k there, smaller ones before it and others after it.
-///
-/// @return  the last position of the final range: what stands after it is not below what stands inside.
-template <typename T>
-int select(T* vec, int n, int k) {
-    using Limits = std::numeric_limits<T>;
-    constexpr std::int64_t patience = 4;           // random vectors take about 3.4 n steps
-    constexpr std::int64_t longPatience = 1 << 24; // steps worth the exact outcome with not-a-number
-    std::int64_t stepsLeft = patience * n;
-    bool patient = false;
-    T floor = Limits::has_infinity ? -Limits::infinity() : Limits::lowest(); // nothing in the range is below
-    int lo = 0;
-    int hi = n - 1;
-    while (true) {
-        const T pivot = vec[lo];
-        int place = lo;
-        if (pivot > floor) {
-            stepsLeft -= hi - lo;
-            if (stepsLeft < 0 && !patient && holdsNotANumber(vec + lo, hi - lo + 1)) {
-                patient = true;
-                stepsLeft = longPatience;
-            }
-            if (stepsLeft < 0) {
-                std::nth_element(vec + lo, vec + k, vec + hi + 1, below<T>);
-                return hi;
-            }
-            place = partition(vec, lo, hi);
-        }
-        if (place == k) return hi;
-        if (place < k) {
-            if (pivot > floor) floor = pivot;
-            lo = place + 1;
-        } else {
-            hi = place - 1;
-        }
-    }
-}
-
-template <typename T>
-T middle(T lower, T upper) {
+T meanOfMiddle(T lower, T upper) {
     if constexpr (std::integral<T>) {
-        const T mean = std::midpoint(lower, upper); // rounded down
+        const T mean = std::midpoint(lower, upper); // rounded toward the lower one
         return static_cast<T>(mean + (mean < 0 && ((lower ^ upper) & 1) != 0 ? 1 : 0));
     } else {
         return (lower + upper) * static_cast<T>(0.5);
     }
 }
 
-} // namespace vectorMedian
+/// The median of n values, n at least 1, which this uses up; spare has room for as many.
+template <typename T>
+T medianWithSpare(T* values, T* spare, int n) {
+    const int k = (n - 1) / 2;
+    const auto middle = [&] {
+        if constexpr (std::floating_point<T>)
+            if (medianSelection::holdsAmbiguous(values, n))
+                return medianSelection::byFirstPivot(values, n, k);
+        return medianSelection::bySplitting(values, spare, n, k);
+    }();
+    return n % 2 == 1 ? middle.lower : meanOfMiddle(middle.lower, middle.upper);
+}
 
 template <typename T>
 T vecMedianInPlace(T* scratch, int n) {
+    constexpr int frameSize = 1024;
     if (n < 1) return T{};
-    const int k = (n - 1) / 2;
-    const int last = vectorMedian::select(scratch, n, k);
-    if (n % 2 == 1) return scratch[k];
-    // Where the final range ends at k, position k + 1 holds an earlier pivot, the smallest of what follows.
-    const T upper = last == k ? scratch[k + 1] : *std::min_element(scratch + k + 1, scratch + last + 1);
-    return vectorMedian::middle(scratch[k], upper);
+    if (n > frameSize)
+        return medianWithSpare(scratch,
+                               std::make_unique_for_overwrite<T[]>(static_cast<std::size_t>(n)).get(), n);
+    T spare[frameSize];
+    return medianWithSpare(scratch, spare, n);
 }
 
 template <typename T>
 T vecMedian(const T* vec, int n) {
     if (n < 1) return T{};
-    std::vector<T> copy(vec, vec + n);
-    return vecMedianInPlace(copy.data(), n);
+    const auto length = static_cast<std::size_t>(n);
+    // One block: allocators keep it for the next call where they would give two back.
+    const auto block = std::make_unique_for_overwrite<T[]>(2 * length);
+    std::copy(vec, vec + n, block.get());
+    return medianWithSpare(block.get(), block.get() + length, n);
 }
 
 /// By bisection on the value (kernel/intMedian.hpp), which takes no memory and the same time for every order.

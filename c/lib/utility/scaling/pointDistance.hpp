@@ -1,0 +1,26 @@
+// The two distances that sequences are compared by. Internal to the scaling operations.
+#pragma once
+
+#include "utility/vector/median.hpp"
+
+#include <cmath>
+
+/// Values of the parameter distanceType: |a - b|, and (a - b)^2.
+enum DistanceType : int { absoluteDistance = 1, squaredDistance = 2 };
+
+inline bool isDistanceType(int distanceType) {
+    return distanceType == absoluteDistance || distanceType == squaredDistance;
+}
+
+inline double pointDistance(double difference, int distanceType) {
+    return distanceType == absoluteDistance ? std::fabs(difference) : difference * difference;
+}
+
+/// The offset that brings two sequences closest together, from their n point-wise differences: the median
+/// (absolute distance) or the mean (squared distance). The differences are left in any order.
+inline double bestOffset(double* difference, int n, int distanceType) {
+    if (distanceType == absoluteDistance) return vecMedianInPlace(difference, n);
+    double sum = 0.0;
+    for (int k = 0; k < n; ++k) sum += difference[k];
+    return sum / n;
+}

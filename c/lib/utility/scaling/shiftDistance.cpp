@@ -1,0 +1,49 @@
+#include "utility/scaling/shiftDistance.hpp"
+
+#include "utility/fatal.hpp"
+#include "utility/scaling/linearScaling.hpp"
+#include "utility/scaling/pointDistance.hpp"
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// The distance of the shorter sequence, less the offset, from n values of the longer one. It only ever
+/// grows: once it has reached the best distance so far the rest is of no interest.
+double shiftedDistance(const double* shorter, const double* longer, int n, double offset, int distanceType,
+                       double best) {
+    double sum = 0.0;
+    for (int k = 0; k < n && !(sum >= best); ++k)
+        sum += pointDistance((shorter[k] - offset) - longer[k], distanceType);
+    return sum;
+}
+
+} // namespace
+
+double lrShiftDist(const double* vec1, int len1, const double* vec2, int len2, int distanceType,
+                   double& shift, int& bestPosition) {
+    shift = noMatchDistance;
+    bestPosition = -1;
+    double best = noMatchDistance;
+    if (len1 < 1 || len2 < 1) return best;
+    if (!isDistanceType(distanceType))
+        myExitFormatted("Unknown distance type (line %d of %s)", __LINE__, utilitySourcePath);
+    if (len1 > len2) {
+        std::swap(vec1, vec2);
+        std::swap(len1, len2);
+    }
+    std::vector<double> difference(static_cast<std::size_t>(len1));
+    for (int position = 0; position <= len2 - len1; ++position) {
+        const double* stretch = vec2 + position;
+        for (std::size_t k = 0; k < difference.size(); ++k) difference[k] = vec1[k] - stretch[k];
+        const double offset = bestOffset(difference.data(), len1, distanceType);
+        const double distance = shiftedDistance(vec1, stretch, len1, offset, distanceType, best);
+        if (distance < best) {
+            best = distance;
+            bestPosition = position;
+            shift = offset;
+        }
+    }
+    return best;
+}

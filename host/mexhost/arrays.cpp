@@ -1,0 +1,100 @@
+#include "arrays.hpp"
+
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sndfile.hh>
+#include <stdexcept>
+#include <vector>
+
+namespace {
+
+constexpr sf_count_t blockFrames = 1 << 14;
+
+/// A matrix from its rows, one after the other.
+mxArray fromRows(const std::vector<double>& values, size_t rows, size_t columns) {
+    mxArray array{rows, columns, std::vector<double>(values.size())};
+    for (size_t row = 0; row < rows; ++row)
+        for (size_t column = 0; column < columns; ++column)
+            array.data[column * rows + row] = values[row * columns + column];
+    return array;
+}
+
+const char* skipBlanks(const char* text) {
+    while (std::isspace(static_cast<unsigned char>(*text))) ++text;
+    return text;
+}
+
+/// Appends the numbers of one line; false if something else stands there.
+bool readRow(const std::string& line, std::vector<double>& values) {
+    const char* text = skipBlanks(line.c_str());
+    bool separated = false; // a separator calls for one more number
+    while (*text || separated) {
+        char* end = nullptr;
+        values.push_back(std::strtod(text, &end));
+        if (end == text) return false;
+        text = skipBlanks(end);
+        separated = *text == ',' || *text == ';';
+        if (separated)
+            text = skipBlanks(text + 1);
+        else if (*text && text == end)
+            return false; // a number runs into something else
+    }
+    return text == line.c_str() + line.size();
+}
+
+mxArray readTable(const std::string& path) {
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error(path + ": cannot be opened");
+    std::vector<double> values;
+    std::string line;
+    size_t rows = 0;
+    size_t columns = 0;
+    for (size_t number = 1; std::getline(file, line); ++number) {
+        const size_t before = values.size();
+        const auto refuse = [&](const std::string& rule) {
+            throw std::runtime_error(path + ", line " + std::to_string(number) + ": " + rule);
+        };
+        if (!readRow(line, values)) refuse("numbers between commas, semicolons or blanks wanted");
+        const size_t count = values.size() - before;
+        if (count == 0) continue;
+        if (rows > 0 && count != columns)
+            refuse(std::to_string(count) + " numbers, the lines above have " + std::to_string(columns));
+        columns = count;
+        ++rows;
+    }
+    if (file.bad()) throw std::runtime_error(path + ": cannot be read");
+    return fromRows(values, rows, columns);
+}
+
+Input readAudio(const std::string& path) {
+    SndfileHandle file(path);
+    if (file.error())
+        throw std::runtime_error(
+            path + ": not a number, not a table (.csv, .txt), not readable as audio: " + file.strError());
+    // Read to the end in blocks: the length that a damaged header claims is not to be trusted.
+    const auto channels = static_cast<size_t>(file.channels());
+    std::vector<double> block(static_cast<size_t>(blockFrames) * channels);
+    std::vector<double> samples;
+    for (sf_count_t frames; (frames = file.readf(block.data(), blockFrames)) > 0;)
+        samples.insert(samples.end(), block.begin(),
+                       block.begin() + static_cast<std::ptrdiff_t>(static_cast<size_t>(frames) * channels));
+    if (file.error()) throw std::runtime_error(path + ": damaged audio: " + file.strError());
+    return {fromRows(samples, samples.size() / channels, channels), static_cast<double>(file.samplerate())};
+}
+
+} // namespace
+
+bool isNumber(const std::string& text) {
+    char* end = nullptr;
+    std::strtod(text.c_str(), &end);
+    return !text.empty() && end == text.c_str() + text.size();
+}
+
+Input readInput(const std::string& text) {
+    if (isNumber(text)) return {{1, 1, {std::strtod(text.c_str(), nullptr)}}};
+    const std::string extension = std::filesystem::path(text).extension();
+    if (extension == ".csv" || extension == ".txt") return {readTable(text)};
+    return readAudio(text);
+}

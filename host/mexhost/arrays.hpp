@@ -1,0 +1,23 @@
+// The input arrays of a module, read from what stands on the command line.
+#pragma once
+
+#include <string>
+
+#include "standIn.hpp"
+
+struct Input {
+    mxArray array;
+    double rate = 0; // Hz, of an audio file; 0 of anything else
+};
+
+/// Whether all of the text is a number, infinities and not-a-number included.
+bool isNumber(const std::string& text);
+
+/// The array that an argument stands for:
+///   a number                    a scalar;
+///   a file ending in .csv/.txt  a table of doubles: a line is a row, numbers stand between commas,
+///                               semicolons or blanks, empty lines are skipped;
+///   any other file              audio of any format that libsndfile reads: samples x channels, full scale
+///                               -1 to 1, as the host's audioread gives it.
+/// A file that cannot be read is a std::runtime_error that names it and the rule it breaks.
+Input readInput(const std::string& text);

@@ -1,0 +1,42 @@
+#include "gnuplot.hpp"
+
+#include <cctype>
+#include <csignal>
+#include <cstdarg>
+#include <stdexcept>
+
+Gnuplot::Gnuplot() {
+    std::signal(SIGPIPE, SIG_IGN); // an early end of gnuplot is told by its status
+    pipe.reset(popen("gnuplot", "w"));
+    if (!pipe) throw std::runtime_error("gnuplot cannot be started");
+}
+
+void Gnuplot::line(const char* format, ...) {
+    std::va_list args;
+    va_start(args, format);
+    std::vfprintf(pipe.get(), format, args);
+    va_end(args);
+    std::fputc('\n', pipe.get());
+}
+
+void Gnuplot::data(const std::vector<double>& values) {
+    std::fwrite(values.data(), sizeof(double), values.size(), pipe.get());
+}
+
+void Gnuplot::finish() {
+    if (pclose(pipe.release()) != 0)
+        throw std::runtime_error(
+            "the picture is not drawn: gnuplot (package gnuplot-nox) is missing or failed");
+}
+
+std::string Gnuplot::quoted(const std::string& text) {
+    // Everything that could end the string, or that the script would expand inside it, by its octal code.
+    std::string result = "\"";
+    for (const char c : text) {
+        char escaped[8] = {c};
+        if (c == '"' || c == '\\' || c == '`' || std::iscntrl(static_cast<unsigned char>(c)))
+            std::snprintf(escaped, sizeof escaped, "\\%03o", static_cast<unsigned>(c) & 0xffU);
+        result += escaped;
+    }
+    return result + '"';
+}

@@ -1,0 +1,14 @@
+// What a module handed back, as text.
+#pragma once
+
+#include <string>
+
+#include "standIn.hpp"
+
+/// "128 x 340, min -0.5, max 2.25, mean 0.125"; minimum, maximum and mean over the elements that are numbers,
+/// the others are counted.
+std::string summary(const mxArray& array);
+
+/// Writes a line for each row, the numbers between commas, each in the shortest form that reads back as the
+/// same double. A file that cannot be written is a std::runtime_error.
+void writeCsv(const std::string& path, const mxArray& array);

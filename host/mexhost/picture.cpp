@@ -1,0 +1,173 @@
+#include "picture.hpp"
+
+#include "gnuplot.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <vector>
+
+namespace {
+
+// Pixels of the plot; finer detail than that is thinned out before it is handed on.
+constexpr size_t mostColumns = 2000;
+constexpr size_t mostRows = 1000;
+constexpr size_t mostBuckets = 2000;
+
+constexpr const char* palette = // dark to bright, evenly in lightness
+    "set palette defined (0 '#440154', 1 '#472d7b', 2 '#3b528b', 3 '#2c728e', 4 '#21918c', 5 '#28ae80', "
+    "6 '#5ec962', 7 '#addc30', 8 '#fde725')";
+constexpr const char* signedPalette = // blue below zero, red above
+    "set palette defined (0 '#053061', 1 '#2166ac', 2 '#4393c3', 3 '#92c5de', 4 '#d1e5f0', 5 '#f7f7f7', "
+    "6 '#fddbc7', 7 '#f4a582', 8 '#d6604d', 9 '#b2182b', 10 '#67001f')";
+
+/// Positions along one axis of a matrix: element i lies at first + i * step.
+struct Scale {
+    double first;
+    double step;
+    const char* label;
+
+    double at(double index) const { return first + index * step; }
+};
+
+Scale columnScale(const Axes& axes) {
+    if (!axes.frames) return {1, 1, "Column"};
+    const double hop = axes.frameSize - axes.overlap;
+    const double centre = axes.frameSize / 2;
+    if (!(hop > 0)) throw std::runtime_error("--frames: SIZE must exceed OVERLAP");
+    if (axes.rate > 0) return {centre / axes.rate, hop / axes.rate, "Time (s)"};
+    return {centre, hop, "Time (samples)"};
+}
+
+Scale rowScale(const Axes& axes) {
+    if (!axes.lags) return {1, 1, "Row"};
+    if (axes.rate > 0) return {0, 1000 / axes.rate, "Lag (ms)"};
+    return {0, 1, "Lag (samples)"};
+}
+
+/// Finite numbers below the colour limits; blank (not-a-number) otherwise.
+double finiteOrBlank(double value) {
+    return std::isfinite(value) ? value : std::numeric_limits<double>::quiet_NaN();
+}
+
+/// The magnitude that all but the greatest hundredth of the finite elements stay within; 1 if that is 0.
+double colourLimit(const std::vector<double>& values) {
+    std::vector<double> magnitudes;
+    for (const double value : values)
+        if (std::isfinite(value)) magnitudes.push_back(std::abs(value));
+    if (magnitudes.empty()) return 1;
+    const auto limit = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() * 99 / 100);
+    std::nth_element(magnitudes.begin(), limit, magnitudes.end());
+    return *limit > 0 ? *limit : 1;
+}
+
+/// The waveform as a curve of at most two points, least and greatest, for each of its buckets.
+void drawWave(Gnuplot& plot, const mxArray& wave, double rate) {
+    const size_t count = wave.data.size();
+    const size_t bucket = std::max<size_t>(1, count / mostBuckets);
+    const double unit = rate > 0 ? rate : 1;
+    std::vector<double> points;
+    double peak = 0;
+    for (size_t start = 0; start < count; start += bucket) {
+        const auto first = wave.data.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto last = first + static_cast<std::ptrdiff_t>(std::min(bucket, count - start));
+        const auto [least, greatest] = std::minmax_element(first, last);
+        for (const double value : {*least, *greatest}) {
+            points.insert(points.end(), {static_cast<double>(start) / unit, finiteOrBlank(value)});
+            if (std::isfinite(value)) peak = std::max(peak, std::abs(value));
+        }
+    }
+    plot.line("set xrange [0:%.17g]", static_cast<double>(count) / unit);
+    plot.line("set yrange [%.17g:%.17g]", -1.05 * (peak > 0 ? peak : 1), 1.05 * (peak > 0 ? peak : 1));
+    plot.line("set ylabel 'Amplitude'");
+    plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with lines lc rgb '#2c5f8a' "
+              "lw 1 notitle",
+              points.size() / 2);
+    plot.data(points);
+}
+
+void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y) {
+    const size_t columns = std::min(output.columns, mostColumns);
+    const size_t rows = std::min(output.rows, mostRows);
+    std::vector<double> pixels;
+    bool bothSigns = false;
+    for (size_t row = 0; row < rows; ++row)
+        for (size_t column = 0; column < columns; ++column) {
+            const size_t from = column * output.columns / columns * output.rows + row * output.rows / rows;
+            pixels.push_back(finiteOrBlank(output.data[from]));
+            bothSigns = bothSigns || pixels.back() < 0;
+        }
+    const double limit = colourLimit(pixels);
+    const double dx = x.step * static_cast<double>(output.columns) / static_cast<double>(columns);
+    const double dy = y.step * static_cast<double>(output.rows) / static_cast<double>(rows);
+    plot.line("%s", bothSigns ? signedPalette : palette);
+    plot.line("set cbrange [%.17g:%.17g]; set cblabel 'Value'", bothSigns ? -limit : 0, limit);
+    plot.line("set colorbox user origin graph 1.02,0 size graph 0.017,1 noinvert");
+    plot.line("set yrange [%.17g:%.17g]", y.at(-0.5), y.at(static_cast<double>(output.rows) - 0.5));
+    plot.line("set ylabel '%s'", y.label);
+    plot.line("plot '-' binary array=(%zu,%zu) origin=(%.17g,%.17g) dx=%.17g dy=%.17g format='%%double' "
+              "with image notitle",
+              columns, rows, x.at(-0.5) + dx / 2, y.at(-0.5) + dy / 2, dx, dy);
+    plot.data(pixels);
+}
+
+void drawLine(Gnuplot& plot, const mxArray& output, const Scale& along) {
+    std::vector<double> points;
+    std::vector<double> finite;
+    for (size_t i = 0; i < output.data.size(); ++i) {
+        points.insert(points.end(), {along.at(static_cast<double>(i)), finiteOrBlank(output.data[i])});
+        if (std::isfinite(output.data[i])) finite.push_back(output.data[i]);
+    }
+    if (finite.empty()) finite.push_back(0);
+    const auto [least, greatest] = std::minmax_element(finite.begin(), finite.end());
+    const double margin = *least < *greatest ? 0.05 * *greatest - 0.05 * *least : 1 + 0.05 * std::abs(*least);
+    plot.line("set yrange [%.17g:%.17g]", *least - margin, *greatest + margin);
+    plot.line("set ylabel 'Value'");
+    plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with linespoints pt 7 ps 0.3 "
+              "lc rgb '#2c5f8a' notitle",
+              output.data.size());
+    plot.data(points);
+}
+
+void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool ownTimeAxis) {
+    const Scale x = columnScale(axes);
+    const Scale y = rowScale(axes);
+    const bool column = output.columns == 1;
+    const Scale& across = column && output.rows > 1 ? y : x;
+    const double length = static_cast<double>(column ? output.rows : output.columns);
+    if (ownTimeAxis || &across == &y)
+        plot.line("set xrange [%.17g:%.17g]", across.at(-0.5), across.at(length - 0.5));
+    plot.line("set xlabel '%s'", across.label);
+    if (output.data.empty()) {
+        plot.line("set label '%zu x %zu: empty' at graph 0.5,0.5 center", output.rows, output.columns);
+        plot.line("set xrange [0:1]; set yrange [0:1]; plot -1 notitle");
+    } else if (output.rows == 1 || column) {
+        drawLine(plot, output, across);
+    } else {
+        drawImage(plot, output, x, y);
+    }
+}
+
+} // namespace
+
+void drawPicture(const std::string& path, const std::string& title, const mxArray* wave,
+                 const mxArray& output, const Axes& axes) {
+    Gnuplot plot;
+    plot.line("set encoding utf8");
+    plot.line("set terminal pngcairo size 1200,800 noenhanced font 'Sans,11'");
+    plot.line("set output %s", Gnuplot::quoted(path).c_str());
+    plot.line("set multiplot title %s font 'Sans:Bold,13'", Gnuplot::quoted(title).c_str());
+    plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
+    plot.line("set border lw 0.8; set tics out nomirror");
+    const bool drawsWave = wave && !wave->data.empty();
+    if (drawsWave) {
+        plot.line("set tmargin at screen 0.93; set bmargin at screen 0.69; set format x ''");
+        drawWave(plot, *wave, axes.rate);
+        plot.line("unset format");
+    }
+    plot.line("set tmargin at screen %g; set bmargin at screen 0.085", drawsWave ? 0.65 : 0.93);
+    drawOutput(plot, output, axes, !(drawsWave && axes.frames));
+    plot.line("unset multiplot");
+    plot.finish();
+}

@@ -1,0 +1,24 @@
+// The picture of a call: the waveform that went in above the matrix that came out.
+#pragma once
+
+#include <string>
+
+#include "standIn.hpp"
+
+/// What the axes of a picture mean.
+struct Axes {
+    double rate = 0;      // Hz; times in seconds and lags in milliseconds, or in samples where it is 0
+    bool frames = false;  // columns are frames, each drawn around its centre, on the waveform's time axis
+    double frameSize = 0; // samples of a frame
+    double overlap = 0;   // samples that consecutive frames share
+    bool lags = false;    // rows are lags, in samples from 0
+};
+
+/// Draws a PNG picture of 1200 x 800 pixels with gnuplot. A matrix is drawn as an image, a single row or
+/// column as a line; elements that are not finite stay blank. Colours are spread over all but the greatest
+/// hundredth of the magnitudes, with zero in the middle where both signs occur.
+///
+/// @param wave  drawn above as one vector, column after column; null for none.
+/// Failure is a std::runtime_error.
+void drawPicture(const std::string& path, const std::string& title, const mxArray* wave,
+                 const mxArray& output, const Axes& axes);

@@ -1,0 +1,32 @@
+// The entry point of every module that is built for GNU Octave. Octave ends its process when an exception
+// other than its own leaves mexFunction: here it becomes the host's error, which the session survives.
+
+#include "mex.h"
+
+#include <exception>
+#include <octave/quit.h>
+#include <string>
+
+/// The module behind this entry point, its mexFunction renamed.
+extern "C" void moduleFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]);
+
+[[gnu::visibility("default")]] void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
+    std::string message;
+    try {
+        moduleFunction(nlhs, plhs, nrhs, prhs);
+        return;
+    } catch (const octave::execution_exception&) { // the host's errors, interrupts and exits are its own
+        throw;
+    } catch (const octave::interrupt_exception&) {
+        throw;
+    } catch (const octave::exit_exception&) {
+        throw;
+    } catch (const char* text) {
+        message = text;
+    } catch (const std::exception& error) {
+        message = std::string("unexpected exception: ") + error.what();
+    } catch (...) {
+        message = "unexpected exception of unknown type";
+    }
+    mexErrMsgTxt(message.c_str());
+}

@@ -1,0 +1,30 @@
+add_library(probe MODULE host/probe.cpp)
+target_include_directories(probe PRIVATE ${PROJECT_SOURCE_DIR}/host)
+target_link_libraries(probe PRIVATE wavepitchWarnings)
+set_target_properties(probe PROPERTIES PREFIX "" SUFFIX .so)
+
+wavepitchTest(mexhostTest host/mexhost.cpp)
+target_compile_definitions(mexhostTest PRIVATE
+  MEXHOST_PROGRAM="$<TARGET_FILE:mexhost>"
+  MEXHOST_PROBE="$<TARGET_FILE:probe>"
+  MEXHOST_WAVE2PFMAT="$<TARGET_FILE:wave2pfMat>")
+add_dependencies(mexhostTest mexhost probe wave2pfMat)
+
+# The module in GNU Octave, against the same module in mexhost.
+find_program(OCTAVE_CLI octave-cli)
+if(OCTAVE_CLI AND MKOCTFILE)
+  add_test(NAME octaveTest COMMAND ${OCTAVE_CLI} --norc --no-history --quiet
+    --path ${PROJECT_BINARY_DIR}/octave ${CMAKE_CURRENT_SOURCE_DIR}/host/inOctave.m
+    $<TARGET_FILE:mexhost> $<TARGET_FILE:wave2pfMat> $<TARGET_FILE:probe> ${PROJECT_SOURCE_DIR}/examples)
+  if(CMAKE_CXX_FLAGS MATCHES fsanitize)   # Octave itself is not built with the sanitizers: they come first
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libasan.so
+      OUTPUT_VARIABLE sanitizer OUTPUT_STRIP_TRAILING_WHITESPACE)
+    set_tests_properties(octaveTest PROPERTIES
+      ENVIRONMENT "LD_PRELOAD=${sanitizer};ASAN_OPTIONS=detect_leaks=0")
+  endif()
+else()
+  add_test(NAME octaveTest COMMAND ${CMAKE_COMMAND} -E echo
+    "skipped: GNU Octave not found (Debian packages octave, octave-dev)")
+  set_tests_properties(octaveTest PROPERTIES SKIP_REGULAR_EXPRESSION skipped)
+endif()
+set_tests_properties(octaveTest PROPERTIES RUN_SERIAL ON)
