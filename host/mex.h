@@ -15,8 +15,10 @@ extern "C" {
 #define WAVEPITCH_HOST_API
 #endif
 
+// NOLINTBEGIN(modernize-use-using): C spells it so
 typedef struct mxArray_tag mxArray;
 typedef enum { mxREAL = 0, mxCOMPLEX = 1 } mxComplexity;
+// NOLINTEND(modernize-use-using)
 
 #define mxCreateDoubleMatrix mxCreateDoubleMatrix_700
 

@@ -21,13 +21,13 @@ class cAudio : public cAudioFailure,          // the fatal path
                public cAudioFraming,          // frame counts, starts, buffers, index mapping, rounding
                public cAudioMatrix,           // arrays of row pointers
                public cAudioPitchFunction,    // flipping frames; the pitch functions themselves are free
+               public cAudioSpectrum,         // window, spectrograms, unvoiced cut
+               public cAudioSynthesis,        // sound of pitch and notes
+               public cAudioWaveform,         // filter, echo, resampling
+               public cAudioEndPoint,         // frame features, segments, end-point detectors, volume check
                public cAudioPitchParam,       // pitch-tracking parameters
                public cAudioPitchParamFile,   // their files
                public cAudioPitchCandidates,  // dump of pitch-point candidates
                public cAudioPitchPostProcess, // limits, trim, interpolation, integer form of a pitch vector
-               public cAudioRecording,        // pitch and silence of 16-bit recordings
-               public cAudioEndPoint,         // frame features, segments, end-point detectors, volume check
-               public cAudioSpectrum,         // window, spectrograms, unvoiced cut
-               public cAudioSynthesis,        // sound of pitch and notes
-               public cAudioWaveform          // filter, echo, resampling
+               public cAudioRecording         // pitch and silence of 16-bit recordings
 {};
