@@ -8,6 +8,7 @@ CandidateTable::CandidateTable(const PitchMatrix& matrix, const PTPARAM& ptParam
     : frames(static_cast<std::size_t>(matrix.frameNum), STRUCT_A{0, -1, nullptr}) {
     if (!sounds) return;
     std::vector<int> lags; // of all frames, one after the other
+    lags.reserve(static_cast<std::size_t>(matrix.size()));
     const auto room = static_cast<std::size_t>(matrix.pfLen);
     for (int i = 0; i < matrix.frameNum; ++i) {
         const std::size_t before = lags.size();
