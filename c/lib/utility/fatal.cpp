@@ -51,5 +51,5 @@ void fisError(const char* msg) {
 }
 
 void getTempDir(char* dir) {
-    std::strcpy(dir, "/tmp");
+    std::memcpy(dir, "/tmp", sizeof "/tmp");
 }

@@ -124,7 +124,8 @@ int cAudioCharacter::charEndPointDetect(double* wave, int waveLen, int fs, doubl
     const double loudest = *std::max_element(level.begin(), level.end());
 
     recordCores(level, loudest - 20.0, characters);
-    removeShort(characters, fs / 1600);
+    const int shortest = fs / 1600; // in frames
+    removeShort(characters, shortest);
     int count = characters.pack();
     widen(level, loudest - 30.0, characters, count);
     merge(characters, count);

@@ -54,6 +54,7 @@ void cAudioSpectrum::absFft4frameMat(const double* frameMat, int frameSize, int 
     if (frameSize < 1 || frameNum < 1) return;
     const std::vector<double> wide = frameWindow(frameSize, useHamming != 0);
     std::vector<float> window;
+    window.reserve(wide.size());
     for (const double value : wide) window.push_back(static_cast<float>(value));
     FrameTransform<float> spectrum(frameSize, frameSize);
     for (int i = 0; i < frameNum; ++i) {

@@ -3,6 +3,7 @@
 #include "audio/constants.hpp"
 #include "audio/spectrum/spectrum.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 double hammingValue(int i, int frameSize) {
@@ -11,6 +12,7 @@ double hammingValue(int i, int frameSize) {
 
 std::vector<double> hammingWindow(int frameSize) {
     std::vector<double> window;
+    window.reserve(static_cast<std::size_t>(std::max(frameSize, 0)));
     for (int i = 0; i < frameSize; ++i) window.push_back(hammingValue(i, frameSize));
     return window;
 }

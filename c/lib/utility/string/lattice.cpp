@@ -12,7 +12,7 @@ void getAllLatticePath(const std::vector<std::vector<std::string>>& lattice,
         }
         std::vector<std::string> longer;
         for (const std::string& entry : lattice[k])
-            for (const std::string& head : heads) longer.push_back(head + "-" + entry);
+            for (const std::string& head : heads) longer.emplace_back(head).append("-").append(entry);
         heads = std::move(longer);
     }
     paths = std::move(heads);
