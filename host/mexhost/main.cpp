@@ -31,7 +31,8 @@ struct Options {
 void declare(CLI::App& app, Options& options) {
     app.add_option("MODULE", options.module, "shared object with a mexFunction")->required();
     app.add_option("ARG", options.arguments,
-                   "input: a number, an audio file, or a table (.csv, .txt) of numbers");
+                   "input: a number, an audio file, a table (.csv, .txt) of numbers, a word or 'text' for "
+                   "characters, @rate for the sample rate in Hz of the audio before it");
     app.add_option("--out", options.outputCount, "outputs to ask for")
         ->check(CLI::Range(0, 1000))
         ->capture_default_str();
@@ -84,12 +85,16 @@ void run(const Options& options) {
     std::vector<mxArray> arrays;
     std::vector<double> rates;
     for (const std::string& argument : options.arguments) {
-        Input input = readInput(argument);
+        const auto audio = std::find_if(rates.rbegin(), rates.rend(), [](double rate) { return rate > 0; });
+        const bool isRate = argument == "@rate" && audio != rates.rend();
+        Input input = isRate ? Input{{1, 1, {*audio}}} : readInput(argument);
         arrays.push_back(std::move(input.array));
         rates.push_back(input.rate);
     }
     const Module module = loadModule(options.module);
     const auto outputs = callModule(module, options.outputCount, arrays);
+    for (const auto& output : outputs)
+        if (output) *output = withDoubles(*output);
     for (size_t i = 0; i < outputs.size(); ++i) {
         if (!outputs[i]) continue;
         std::printf("output %zu: %s\n", i + 1, summary(*outputs[i]).c_str());
