@@ -15,6 +15,7 @@ extern "C" {
 #define WAVEPITCH_HOST_API
 #endif
 
+// NOLINTBEGIN(modernize-use-using): C spells it so
 typedef struct mxArray_tag mxArray;
 typedef enum { mxREAL = 0, mxCOMPLEX = 1 } mxComplexity;
 typedef enum {
@@ -36,6 +37,7 @@ typedef enum {
     mxUINT64_CLASS,
     mxFUNCTION_CLASS
 } mxClassID;
+// NOLINTEND(modernize-use-using)
 
 #define mxCreateDoubleMatrix mxCreateDoubleMatrix_700
 #define mxCreateNumericMatrix mxCreateNumericMatrix_700

@@ -78,6 +78,7 @@ void setFunctionName(std::string name) {
 
 Arrays call(EntryPoint entry, int outputCount, const std::vector<mxArray>& inputs) {
     std::vector<const mxArray*> prhs;
+    prhs.reserve(inputs.size());
     for (const mxArray& input : inputs) prhs.push_back(&input);
     std::vector<mxArray*> plhs(static_cast<size_t>(std::max(outputCount, 1)));
     CallScope scope;

@@ -11,11 +11,6 @@
 
 namespace {
 
-std::string upperCase(std::string text) {
-    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return text;
-}
-
 bool sameName(const std::string& a, const std::string& b) {
     return upperCase(a) == upperCase(b);
 }
@@ -52,6 +47,11 @@ double elementAs(const mxArray* array, size_t index) {
 }
 
 } // namespace
+
+std::string upperCase(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
 
 void refuse(const std::string& command, const std::string& rule) {
     mexErrMsgTxt((command + ": " + rule).c_str());
@@ -151,6 +151,10 @@ bool Argument::flag() const {
     const double value = isLogical ? mxGetScalar(array) : scalar();
     if (value != 0 && value != 1) refuse("true or false");
     return value == 1;
+}
+
+int Argument::wholeOrFlag(int least, int most) const {
+    return classID() == mxLOGICAL_CLASS ? (flag() ? 1 : 0) : whole(least, most);
 }
 
 int Argument::choice(std::initializer_list<Choice> choices, bool numbersToo) const {

@@ -16,6 +16,9 @@ inline constexpr int mostInt = std::numeric_limits<int>::max();
 /// Reports "COMMAND: RULE" through the host; does not return.
 [[noreturn]] void refuse(const std::string& command, const std::string& rule);
 
+/// An argument's name as messages have it.
+std::string upperCase(std::string text);
+
 /// A name of the host's and the number that it stands for.
 using Choice = std::pair<const char*, int>;
 
@@ -37,6 +40,8 @@ public:
     int bitDepth() const;
     /// A scalar that is 0 or 1, true or false.
     bool flag() const;
+    /// A whole number, or true or false for 1 or 0.
+    int wholeOrFlag(int least, int most) const;
     /// One of the choices, by name in any case, or by number if numbersToo.
     int choice(std::initializer_list<Choice> choices, bool numbersToo = false) const;
     /// A row of characters.

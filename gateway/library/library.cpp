@@ -13,6 +13,11 @@ constexpr Command commands[] = {
     // name, least and most inputs, most outputs, usage, function
     {"wave2pfMat", 6, 6, 1, "pfMat = wave2pfMat (wave, frameSize, overlap, pfLen, pfType, pfMethod)",
      wave2pfMatCommand},
+    {"wave2pitch", 2, anyNumber, 5,
+     "[pitch, time, clarity, pfMat, param] = wave2pitch (wave, fs, name, value, ...)", wave2pitchCommand},
+    {"wave2pv", 2, 3, 1, "pv = wave2pv (wave, fs, nbits)", wave2pvCommand},
+    {"isWaveSilence", 2, 4, 1, "silent = isWaveSilence (wave, fs, nbits, volTh)", isWaveSilenceCommand},
+    {"ptParam", 1, 4, 1, "param = ptParam (fs, nbits, pfType, paramFile)", ptParamCommand},
     {"endPoints", 2, anyNumber, 4,
      "[segments, curve, threshold, time] = endPoints (wave, fs, method, name, value, ...)", endPointsCommand},
     {"wave2volume", 2, anyNumber, 2, "[volume, time] = wave2volume (wave, fs, name, value, ...)",

@@ -45,6 +45,10 @@ bool readRow(const std::string& line, std::vector<double>& values) {
     return text == line.c_str() + line.size();
 }
 
+[[noreturn]] void refuseLine(const std::string& path, size_t number, const std::string& rule) {
+    throw std::runtime_error(path + ", line " + std::to_string(number) + ": " + rule);
+}
+
 mxArray readTable(const std::string& path) {
     std::ifstream file(path);
     if (!file) throw std::runtime_error(path + ": cannot be opened");
@@ -54,14 +58,13 @@ mxArray readTable(const std::string& path) {
     size_t columns = 0;
     for (size_t number = 1; std::getline(file, line); ++number) {
         const size_t before = values.size();
-        const auto refuse = [&](const std::string& rule) {
-            throw std::runtime_error(path + ", line " + std::to_string(number) + ": " + rule);
-        };
-        if (!readRow(line, values)) refuse("numbers between commas, semicolons or blanks wanted");
+        if (!readRow(line, values))
+            refuseLine(path, number, "numbers between commas, semicolons or blanks wanted");
         const size_t count = values.size() - before;
         if (count == 0) continue;
         if (rows > 0 && count != columns)
-            refuse(std::to_string(count) + " numbers, the lines above have " + std::to_string(columns));
+            refuseLine(path, number,
+                       std::to_string(count) + " numbers, the lines above have " + std::to_string(columns));
         columns = count;
         ++rows;
     }

@@ -25,7 +25,7 @@ public:
 
 private:
     struct Closer {
-        void operator()(std::FILE* pipe) const { pclose(pipe); }
+        void operator()(std::FILE* stream) const { pclose(stream); }
     };
     std::unique_ptr<std::FILE, Closer> pipe;
 };

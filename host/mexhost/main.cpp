@@ -112,7 +112,7 @@ void run(const Options& options) {
 
 } // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     CLI::App app("Calls a module's mexFunction with arrays made from the arguments.", "mexhost");
     Options options;
     declare(app, options);
@@ -121,12 +121,10 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : usageStatus;
     }
-    try {
-        run(options);
-    } catch (const std::exception& error) {
-        std::fflush(stdout);
-        std::fprintf(stderr, "error: %s\n", error.what());
-        return 1;
-    }
+    run(options);
     return 0;
+} catch (const std::exception& error) {
+    std::fflush(stdout);
+    std::fprintf(stderr, "error: %s\n", error.what());
+    return 1;
 }

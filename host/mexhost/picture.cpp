@@ -130,23 +130,27 @@ void drawLine(Gnuplot& plot, const mxArray& output, const Scale& along) {
     plot.data(points);
 }
 
-void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool ownTimeAxis) {
+void drawNothing(Gnuplot& plot, const mxArray& output) {
+    plot.line("set label '%zu x %zu: empty' at graph 0.5,0.5 center", output.rows, output.columns);
+    plot.line("unset ylabel; unset ytics; set yrange [0:1]; plot -1 notitle");
+}
+
+void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool sharedTimeAxis) {
     const Scale x = columnScale(axes);
     const Scale y = rowScale(axes);
     const bool column = output.columns == 1;
-    const Scale& across = column && output.rows > 1 ? y : x;
-    const double length = static_cast<double>(column ? output.rows : output.columns);
-    if (ownTimeAxis || &across == &y)
+    const bool downRows = column && output.rows > 1;
+    const Scale& across = downRows ? y : x;
+    const double length = static_cast<double>(std::max<size_t>(1, column ? output.rows : output.columns));
+    if (!sharedTimeAxis || downRows)
         plot.line("set xrange [%.17g:%.17g]", across.at(-0.5), across.at(length - 0.5));
     plot.line("set xlabel '%s'", across.label);
-    if (output.data.empty()) {
-        plot.line("set label '%zu x %zu: empty' at graph 0.5,0.5 center", output.rows, output.columns);
-        plot.line("set xrange [0:1]; set yrange [0:1]; plot -1 notitle");
-    } else if (output.rows == 1 || column) {
+    if (output.data.empty())
+        drawNothing(plot, output);
+    else if (output.rows == 1 || column)
         drawLine(plot, output, across);
-    } else {
+    else
         drawImage(plot, output, x, y);
-    }
 }
 
 } // namespace
@@ -161,13 +165,19 @@ void drawPicture(const std::string& path, const std::string& title, const mxArra
     plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
     plot.line("set border lw 0.8; set tics out nomirror");
     const bool drawsWave = wave && !wave->data.empty();
+    const bool sharedTimeAxis = drawsWave && axes.frames;
     if (drawsWave) {
-        plot.line("set tmargin at screen 0.93; set bmargin at screen 0.69; set format x ''");
+        plot.line("set tmargin at screen 0.93; set bmargin at screen 0.69");
+        if (sharedTimeAxis)
+            plot.line("set format x ''");
+        else
+            plot.line("set xlabel '%s'", axes.rate > 0 ? "Time (s)" : "Time (samples)");
         drawWave(plot, *wave, axes.rate);
         plot.line("unset format");
     }
-    plot.line("set tmargin at screen %g; set bmargin at screen 0.085", drawsWave ? 0.65 : 0.93);
-    drawOutput(plot, output, axes, !(drawsWave && axes.frames));
+    const double top = sharedTimeAxis ? 0.65 : drawsWave ? 0.58 : 0.93;
+    plot.line("set tmargin at screen %g; set bmargin at screen 0.085", top);
+    drawOutput(plot, output, axes, sharedTimeAxis);
     plot.line("unset multiplot");
     plot.finish();
 }

@@ -1,6 +1,7 @@
 // GNU Octave's mex.h, told that its error function does not return.
 #pragma once
 
-extern "C" [[noreturn]] void mexErrMsgTxt(const char* msg);
-
 #include <octave/mex.h>
+
+// NOLINTNEXTLINE(readability-redundant-declaration): it brings the attribute
+extern "C" void mexErrMsgTxt(const char* msg) __attribute__((noreturn));

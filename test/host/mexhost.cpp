@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <fstream>
@@ -88,7 +89,7 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
 
 TEST(Mexhost, TablesKeepEveryBitOfADouble) {
     std::mt19937_64 random(1);
-    std::vector<double> values{-0.0, 5e-324, 1.7976931348623157e308, 0.1, 1 / 3.0, -INFINITY};
+    std::vector<double> values{-0.0, 5e-324, 1.7976931348623157e308, 0.1, 1 / 3.0, -HUGE_VAL};
     while (values.size() < 1500) {
         const auto value = std::bit_cast<double>(random());
         if (std::isfinite(value)) values.push_back(value);
@@ -113,15 +114,19 @@ TEST(Mexhost, DrawsWhateverComesOut) {
     if (std::system("gnuplot --version >/dev/null") != 0) GTEST_SKIP() << "gnuplot not found";
     const std::string speech = WAVEPITCH_EXAMPLES "/speech8k.wav ";
     const std::string framed = " --frames 256 128 --lags";
-    for (const std::string& call :
-         {MEXHOST_WAVE2PFMAT " " + speech + "256 128 128 0 2" + framed,
-          MEXHOST_WAVE2PFMAT " " + speech + "256 128 1 1 1" + framed, probe + "6" + framed, probe + "0 3",
-          probe + "0 '" + written("odd`name`\".txt", "1 nan\n-inf 3e300\n") + "' --rate 8000",
-          probe + "0 " + written("row.csv", "1,2,3"),
-          probe + "0 " + written("nan.csv", "nan nan\nnan nan")}) {
-        const std::string path = directory + "picture.png";
+    const std::string calls[] = {MEXHOST_WAVE2PFMAT " " + speech + "256 128 128 0 2" + framed,
+                                 MEXHOST_WAVE2PFMAT " " + speech + "256 128 1 1 1" + framed,
+                                 probe + "6" + framed,
+                                 probe + "0 3",
+                                 probe + "0 '" + written("odd`name`\".txt", "1 nan\n-inf 3e300\n") +
+                                     "' --rate 8000",
+                                 probe + "0 " + written("row.csv", "1,2,3"),
+                                 probe + "0 " + written("nan.csv", "nan nan\nnan nan")};
+    const std::string path = directory + "picture.png";
+    const std::string png = " --png " + path;
+    for (const std::string& call : calls) {
         std::remove(path.c_str());
-        const Result result = mexhost(call + " --png " + path);
+        const Result result = mexhost(call + png);
         EXPECT_EQ(result.status, 0) << call;
         EXPECT_EQ(result.err, "") << call;
         EXPECT_EQ(contents(path).substr(1, 3) + contents(path).substr(16, 8),

@@ -25,7 +25,7 @@ void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
     case 1:
         mexErrMsgTxt("the module's own error");
     case 2:
-        throw static_cast<const char*>("a fatal text");
+        throw static_cast<const char*>("a fatal text"); // NOLINT(cert-err09-cpp,cert-err61-cpp)
     case 3:
         throw std::runtime_error("a standard exception");
     case 4:

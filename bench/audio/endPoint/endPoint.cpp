@@ -1,29 +1,22 @@
 // Frame features and the volume-and-ASHOD detector on one minute of speech, in times real time.
 #include "audio/audio.hpp"
 
-#include <benchmark/benchmark.h>
-#include <sndfile.h>
+#include "support/speech.hpp"
 
-#include <memory>
-#include <string>
+#include <benchmark/benchmark.h>
+
 #include <vector>
 
 namespace {
 
-/// One minute of 16-bit samples: a recording over and over, each sample at its nearest place in time.
 std::vector<int> minuteOfSpeech(int fs) {
-    const std::string path =
-        std::string(WAVEPITCH_EXAMPLES) + (fs == 8000 ? "/speech8k.wav" : "/reading16k.wav");
-    SF_INFO info{};
-    const std::unique_ptr<SNDFILE, int (*)(SNDFILE*)> file(sf_open(path.c_str(), SFM_READ, &info), sf_close);
-    if (!file) return {};
-    std::vector<short> recording(static_cast<std::size_t>(info.frames));
-    sf_readf_short(file.get(), recording.data(), info.frames);
-    std::vector<int> minute(60 * static_cast<std::size_t>(fs));
-    for (std::size_t i = 0; i < minute.size(); ++i)
-        minute[i] = recording[i * static_cast<std::size_t>(info.samplerate) / static_cast<std::size_t>(fs) %
-                              recording.size()];
-    return minute;
+    if (fs == 8000) return speech("speech8k.wav");
+    const std::vector<int> minute = speech("reading16k.wav");
+    if (fs == 16000) return minute;
+    std::vector<int> resampled(60 * static_cast<std::size_t>(fs));
+    cAudio::waveResample(minute.data(), static_cast<int>(minute.size()), 16000, fs, resampled.data(),
+                         static_cast<int>(resampled.size()));
+    return resampled;
 }
 
 /// Times operation(wave, waveLen, parameters, frame values) on a minute at the rate of the benchmark.

@@ -7,4 +7,8 @@
 
 #include "audio/cAudio.hpp"
 #include "audio/pitchFunction/pitchFunction.hpp"
+#include "audio/pitchTracking/clarity.hpp"
+#include "audio/pitchTracking/medianFilter.hpp"
+#include "audio/pitchTracking/path.hpp"
+#include "audio/pitchTracking/tracker.hpp"
 #include "audio/spectrum/fft.hpp"

@@ -2,3 +2,4 @@
 #pragma once
 
 inline constexpr double twoPi = 6.28318530717958;
+inline constexpr double lnTwo = 0.69314718055995;

@@ -1,7 +1,22 @@
-// Waveforms made of square waves, whose volumes are known.
+// What the tests of end points share: waveforms made of square waves, whose volumes are known.
 #pragma once
 
+#include "audio/audio.hpp"
+
+#include "support/console.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <limits>
+#include <tuple>
 #include <vector>
+
+using Ints = std::vector<int>;
+using Reals = std::vector<double>;
+using Text = const char*;
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// Samples from begin up to end: amplitude and its negative by turns, each for half a period.
 struct Piece {
@@ -10,13 +25,15 @@ struct Piece {
     int period = 2;
 };
 
+using Pieces = std::vector<Piece>;
+
 template <typename Sample>
-std::vector<Sample> made(int waveLen, const std::vector<Piece>& pieces) {
+std::vector<Sample> made(int waveLen, const Pieces& pieces) {
     std::vector<Sample> wave(static_cast<std::size_t>(waveLen));
-    for (const Piece& piece : pieces)
-        for (int i = piece.begin; i < piece.end; ++i)
-            wave[static_cast<std::size_t>(i)] = static_cast<Sample>(
-                (i - piece.begin) % piece.period < piece.period / 2 ? piece.amplitude : -piece.amplitude);
+    for (const auto& [begin, end, amplitude, period] : pieces)
+        for (int i = begin; i < end; ++i)
+            wave.at(static_cast<std::size_t>(i)) =
+                static_cast<Sample>((i - begin) % period < period / 2 ? amplitude : -amplitude);
     return wave;
 }
 

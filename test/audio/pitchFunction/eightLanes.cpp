@@ -5,6 +5,6 @@
 namespace pitchFunctionKernel {
 
 extern const Version eightLanes;
-const Version eightLanes = {workSize, ofDoubles, ofInts, flipInts, subtractMean};
+const Version eightLanes = {workSize, ofDoubles, ofInts, flipInts, removeMean};
 
 } // namespace pitchFunctionKernel

@@ -27,8 +27,17 @@ int below(int end) {
 /// Doubles by kind: ordinary ones, and mixtures with zeros, denormals, huge values, infinities and NaN.
 std::vector<double> samples(size_t size, int kind, double /*instance*/) {
     using Limits = std::numeric_limits<double>;
-    const double special[] = {0.0,  -0.0, Limits::denorm_min(), -3 * Limits::denorm_min(), 1e308, -1e308,
-                              1e-3, -7.5, Limits::infinity(),   -Limits::infinity(),       Limits::quiet_NaN()};
+    const double special[] = {0.0,
+                              -0.0,
+                              Limits::denorm_min(),
+                              -3 * Limits::denorm_min(),
+                              1e308,
+                              -1e308,
+                              1e-3,
+                              -7.5,
+                              Limits::infinity(),
+                              -Limits::infinity(),
+                              Limits::quiet_NaN()};
     const int kinds[] = {0, 6, 11, 11}; // how many of them occur
     std::vector<double> x(size);
     for (double& value : x) {
@@ -38,8 +47,8 @@ std::vector<double> samples(size_t size, int kind, double /*instance*/) {
     return x;
 }
 
-/// Ints by kind: of 8 bits, near the limits of what 32-bit sums take, of 16 bits, any; with runs of the ends of
-/// the range, whose sums and differences are the largest.
+/// Ints by kind: of 8 bits, near the limits of what 32-bit sums take, of 16 bits, any; with runs of the ends
+/// of the range, whose sums and differences are the largest.
 std::vector<int> samples(size_t size, int kind, int /*instance*/) {
     const int bits[] = {8, 11 + below(5), 16, 32};
     std::vector<int> x(size);
@@ -68,12 +77,12 @@ void byEightLanes(const std::vector<T>& wave, const Shape& s, double* pf) {
     task.removeMean = s.type == PF_ACF;
     std::vector<int> start;
     for (int i = 0; i < s.frames; ++i) start.push_back(i * s.step);
-    void* work = ::operator new(eightLanes.workSize(task), std::align_val_t{64});
+    void* work = ::operator new (eightLanes.workSize(task), std::align_val_t{64});
     if constexpr (std::is_same_v<T, int>)
         eightLanes.ofInts(task, wave.data(), start.data(), start.size(), work, pf);
     else
         eightLanes.ofDoubles(task, wave.data(), start.data(), start.size(), work, pf);
-    ::operator delete(work, std::align_val_t{64});
+    ::operator delete (work, std::align_val_t{64});
 }
 
 template <typename T>
@@ -102,8 +111,8 @@ void compare(const char* version, const Shape& s, int kind) {
 }
 
 /// Frame sizes, lags and frame counts around every block size, and large frames at the limits of 32-bit sums;
-/// steps from 1 to beyond the frame; type, method and kind of samples by chance. The version with an empty name
-/// is the one of eight lanes lowered to AVX2.
+/// steps from 1 to beyond the frame; type, method and kind of samples by chance. The version with an empty
+/// name is the one of eight lanes lowered to AVX2.
 TEST(PitchFunctionKernel, EveryVersionEqualsThePlainLoops) {
     std::vector<const char*> versions{"portable", "avx2", "avx512"};
 #if defined(__x86_64__)

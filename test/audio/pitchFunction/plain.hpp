@@ -59,8 +59,8 @@ void plainFlip(T* x, int n) {
 }
 
 template <typename T>
-void plainMat(const std::vector<T>& wave, int frameNum, int n, int step, int pfLen, PF_TYPE pfType, int method,
-              double* pf) {
+void plainMat(const std::vector<T>& wave, int frameNum, int n, int step, int pfLen, PF_TYPE pfType,
+              int method, double* pf) {
     std::vector<T> frame(static_cast<std::size_t>(n));
     for (int i = 0; i < frameNum; ++i) {
         std::copy_n(wave.data() + i * step, n, frame.data());

@@ -15,8 +15,9 @@ public:
     ///                  as 2147483647.
     /// @param fs        sample rate in Hz; turns the durations of the parameters into frames, in single
     ///                  precision, rounded to nearest.
-    /// @param epdParam  see EPDPARAM. A volRatio of 0 finds nothing; durations that are negative or not a
-    ///                  number of frames reject nothing.
+    /// @param epdParam  see EPDPARAM. A volRatio of 0 finds nothing; a duration that is not a number counts
+    /// as
+    ///                  0 frames, and one beyond the range of int as its nearest end.
     /// @param segNum    receives the number of segments, possibly 0.
     /// @return          segNum valid segments in frame indices of epdParam's framing, in ascending order; the
     ///                  caller releases the array with free, for no segment too.

@@ -32,31 +32,37 @@ void flipInts(int* x, size_t n) {
     }
 }
 
-/// Subtracts the mean; a difference beyond the range of int is its nearest end.
-void subtractMean(int* x, size_t n) {
-    const int mean = static_cast<int>(sumOf(x, n) / static_cast<std::int64_t>(n));
-    for (size_t j = 0; j < n; ++j) {
-        const int difference = static_cast<int>(static_cast<unsigned>(x[j]) - static_cast<unsigned>(mean));
-        const bool outside = ((x[j] ^ mean) & (x[j] ^ difference)) < 0;
-        const int nearest = x[j] < 0 ? INT32_MIN : INT32_MAX;
-        x[j] = outside ? nearest : difference;
-    }
+/// x - mean, or the nearest end of the range of int.
+WAVEPITCH_INLINE inline int difference(int x, int mean) {
+    const int wrapped = static_cast<int>(static_cast<unsigned>(x) - static_cast<unsigned>(mean));
+    const bool outside = ((x ^ mean) & (x ^ wrapped)) < 0;
+    const int nearest = x < 0 ? INT32_MIN : INT32_MAX;
+    return outside ? nearest : wrapped;
 }
 
-/// A copy of the frame as the task wants it, with a zero behind it, in row; widens the range to its samples.
-inline void prepareRow(const Task& task, const int* frame, int* row, Range& range) {
+/// Subtracts the mean, and returns it.
+inline int removeMean(int* x, size_t n) {
+    const int mean = static_cast<int>(sumOf(x, n) / static_cast<std::int64_t>(n));
+    for (size_t j = 0; j < n; ++j) x[j] = difference(x[j], mean);
+    return mean;
+}
+
+/// A copy of the frame as the task wants it, with a zero behind it, in row. Returns the range of its samples.
+inline Range prepareRow(const Task& task, const int* frame, int* row) {
     const size_t n = task.frameSize;
-    for (size_t j = 0; j < n; ++j) row[j] = frame[j];
+    int low = INT32_MAX;
+    int high = INT32_MIN;
+    for (size_t j = 0; j < n; ++j) {
+        const int x = frame[j];
+        low = x < low ? x : low;
+        high = x > high ? x : high;
+        row[j] = x;
+    }
     row[n] = 0;
     if (task.flip) flipInts(row, n);
-    if (task.removeMean) subtractMean(row, n);
-    int low = range.low;
-    int high = range.high;
-    for (size_t j = 0; j < n; ++j) {
-        low = row[j] < low ? row[j] : low;
-        high = row[j] > high ? row[j] : high;
-    }
-    range = {low, high};
+    if (!task.removeMean) return {low, high};
+    const int mean = removeMean(row, n);
+    return {difference(low, mean), difference(high, mean)};
 }
 
 } // namespace

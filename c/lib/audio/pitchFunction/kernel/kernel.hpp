@@ -32,8 +32,8 @@ struct Version {
                       void* work, double* pf);
     void (*ofInts)(const Task& task, const int* wave, const int* start, std::size_t frameNum, void* work,
                    double* pf);
-    void (*flipInts)(int* frame, std::size_t frameSize);   // cAudio::frameFlip, frameSize 1 or more
-    void (*removeMean)(int* frame, std::size_t frameSize); // as frame2acf does, frameSize 1 or more
+    void (*flipInts)(int* frame, std::size_t frameSize);  // cAudio::frameFlip, frameSize 1 or more
+    int (*removeMean)(int* frame, std::size_t frameSize); // as frame2acf does; returns the mean
 };
 
 extern const Version portable;

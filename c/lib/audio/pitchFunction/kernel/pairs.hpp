@@ -11,6 +11,11 @@ namespace {
 struct Range {
     int low = INT32_MAX;
     int high = INT32_MIN;
+
+    void include(Range other) {
+        low = other.low < low ? other.low : low;
+        high = other.high > high ? other.high : high;
+    }
 };
 
 /// Whether the samples fit 16 bits and no sum of their terms leaves 32.

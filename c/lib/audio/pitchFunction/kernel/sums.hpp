@@ -97,13 +97,15 @@ WAVEPITCH_INLINE inline size_t addToAll(const Kind& kind, const First& first, co
     constexpr size_t advance = Kind::unroll * Kind::step;
     size_t j = 0;
     for (; j + advance <= terms; j += advance) {
+        const Vector* w = window + j;
+        asm("" : "+r"(w)); // or the compiler carries vectors from round to round, and the sums to memory
         Vector x[Kind::unroll];
         unrolled<Kind::unroll>([&](auto q) WAVEPITCH_INLINE { x[q] = first(j + q * Kind::step); });
         unrolled<Kind::lags + advance - Kind::step>([&](auto m) WAVEPITCH_INLINE {
-            const Vector w = window[j + m];
+            const Vector b = w[m];
             unrolled<Kind::unroll>([&](auto q) WAVEPITCH_INLINE {
                 constexpr size_t k = m.value - q.value * Kind::step; // wraps below 0
-                if constexpr (k < Kind::lags) kind.add(sum[k], x[q], w);
+                if constexpr (k < Kind::lags) kind.add(sum[k], x[q], b);
             });
         });
     }

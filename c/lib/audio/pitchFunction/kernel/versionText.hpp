@@ -86,7 +86,7 @@ void ofInts(const Task& task, const int* wave, const int* start, size_t frameNum
         for (size_t f = 0; f < wordLanes; ++f)
             row[f] = work.rows + (f < frames ? f : frames - 1) * (task.frameSize + 1);
         for (size_t f = 0; f < frames; ++f)
-            prepareRow(task, wave + start[i + f], work.rows + f * (task.frameSize + 1), range);
+            range.include(prepareRow(task, wave + start[i + f], work.rows + f * (task.frameSize + 1)));
         double* to = pf + i * task.stride;
         if (hasPairs && frames >= lanes && task.lags >= AcfOfPairs::lags && fitsPairs(task, range)) {
             sumAsPairs(task, work, row, frames, to);

@@ -3,4 +3,4 @@
 #include "audio/pitchFunction/kernel/versionText.hpp"
 
 const pitchFunctionKernel::Version pitchFunctionKernel::portable = {workSize, ofDoubles, ofInts, flipInts,
-                                                                    subtractMean};
+                                                                    removeMean};

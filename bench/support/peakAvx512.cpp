@@ -1,0 +1,4 @@
+#define WAVEPITCH_PEAK_BYTES 64
+#include "support/peakText.hpp"
+
+const PeakLoops avx512Peak = {multiplyAdds, subtractAdds, termsPerRound};

@@ -1,0 +1,37 @@
+// One step of the path search from frame to frame, in versions for several instruction sets; all choose the
+// same predecessors and give the same values.
+#pragma once
+
+#include <cstddef>
+
+/// What a version computes: for each current candidate the best of prevLen predecessors, 1 or more, by
+///     value = the predecessor's total + signed penalty, in double, narrowed to float,
+/// where the signed penalty is signedWeight * distance in single precision. A predecessor replaces those
+/// before it only when its value is strictly better, so the first of equals wins.
+struct PathStep {
+    const double* prevTotal;
+    const double* prevPosition;
+    std::size_t prevLen;
+
+    /// Room, and valid values, for len rounded up to a multiple of pathStepBlock.
+    const double* position;
+    std::size_t len;
+    float* best;    ///< receives the best values
+    int* prevIndex; ///< receives the predecessors' numbers
+
+    /// Where both frames' positions are runs of consecutive integers: the signed penalties by distance, such
+    /// that signedPenalty[j - k] is that of candidate j and predecessor k. Null otherwise.
+    const double* signedPenalty;
+
+    float signedWeight; ///< the weight of a distance, negated where a high value is better
+    bool squared;       ///< the distance is the squared difference of positions, else the absolute one
+    bool lowIsBetter;
+};
+
+constexpr std::size_t pathStepBlock = 64;
+
+void pathStepPortable(const PathStep& step);
+#if defined(__x86_64__)
+void pathStepAvx2(const PathStep& step);
+void pathStepAvx512(const PathStep& step);
+#endif

@@ -1,0 +1,126 @@
+// The stages of bGetPitch: to 8 kHz, to 8 bits; a first pass over the whole pitch range; a second one around
+// its median; a third one around the median of the second inside the sound; a fourth one around the median of
+// the third. Each pass narrows the search to where the voice is, so that an octave error of one frame finds
+// no candidates in the next pass.
+#include "audio/pitchTracking/recording.hpp"
+
+#include "audio/endPoint/byVolume.hpp"
+#include "audio/endPoint/volume.hpp"
+#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/pitchTracking/medianFilter.hpp"
+#include "audio/pitchTracking/param.hpp"
+#include "audio/pitchTracking/postProcess.hpp"
+#include "audio/pitchTracking/soundMask.hpp"
+#include "audio/pitchTracking/tracker.hpp"
+#include "audio/waveform/waveform.hpp"
+#include "utility/rounding.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <utility>
+
+#include "mex.h"
+
+namespace {
+
+constexpr int targetRate = 8000;
+
+/// Integer samples and what they are.
+struct Samples {
+    std::vector<int> wave;
+    int fs;
+    int nbits;
+
+    Samples(const std::vector<short>& recording, int rate, int bits)
+        : wave(recording.begin(), recording.end()), fs(rate), nbits(bits) {}
+
+    int length() const { return static_cast<int>(wave.size()); }
+
+    void reduceTo8Bits() {
+        for (int& sample : wave) sample /= 256;
+        nbits = 8;
+    }
+};
+
+void resample(Samples& samples) {
+    mexPrintf("fs=%d ===> Resample to have fs=%d\n", samples.fs, targetRate);
+    std::vector<int> resampled;
+    if (samples.length() > 0 && samples.fs > 0) {
+        const double span = (samples.length() - 1.0) * targetRate / samples.fs;
+        resampled.resize(static_cast<std::size_t>(truncateToInt(std::floor(span) + 1.0)));
+        cAudioWaveform::waveResample(samples.wave.data(), samples.length(), samples.fs, targetRate,
+                                     resampled.data(), static_cast<int>(resampled.size()));
+    }
+    samples.wave = std::move(resampled);
+    samples.fs = targetRate;
+}
+
+Samples preparedForTracking(const std::vector<short>& recording, int fs, int nbits) {
+    Samples samples(recording, fs, nbits);
+    if (samples.fs != targetRate) resample(samples);
+    if (samples.nbits == 16) {
+        mexPrintf("nbits=%d ===> Convert from nbits=16 to 8!\n", samples.nbits);
+        samples.reduceTo8Bits();
+    }
+    return samples;
+}
+
+/// Searches around a pitch from now on.
+void centre(PTPARAM& ptParam, double pitch) {
+    const auto middle = static_cast<float>(pitch);
+    ptParam.minPitch = middle - 0.5F * ptParam.pitchRangeMax;
+    ptParam.maxPitch = middle + 0.5F * ptParam.pitchRangeMax;
+}
+
+std::vector<bool> soundOf(const Samples& samples, const PTPARAM& ptParam, int frameNum) {
+    EPDPARAM epdParam;
+    cAudioEpdParam::epdParamSet(samples.fs, epdParam);
+    epdParam.volRatio = 16;
+    epdParam.volWeight = 1.0F;
+    int segNum = 0;
+    const SegmentArray segments(
+        cAudioByVolume::epdByVolHod(samples.wave.data(), samples.length(), samples.fs, epdParam, &segNum));
+    return soundMask(segments.get(), segNum, epdParam, ptParam, frameNum);
+}
+
+} // namespace
+
+bool cAudioRecording::bGetPitch(const std::vector<short>& wave, int*& out, int& outLen, int fs, int nbits) {
+    const Samples samples = preparedForTracking(wave, fs, nbits);
+    PTPARAM ptParam;
+    cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
+    ptParam.pfWeight = 1.0F;
+    ptParam.indexDiffWeight = 200.0F;
+    std::vector<double> pitch = valuePerFrame<double>(samples.length(), ptParam.frameSize, ptParam.overlap);
+    const auto frameNum = static_cast<int>(pitch.size());
+    const auto track = [&] {
+        return ptByDpOverPfOnce(samples.wave.data(), samples.length(), ptParam, pitch.data(), nullptr,
+                                nullptr, nullptr);
+    };
+
+    centre(ptParam, getPitchMedian(pitch.data(), track()));
+    track();
+    const std::vector<bool> sound = soundOf(samples, ptParam, frameNum);
+    applyMask(sound, pitch.data());
+    centre(ptParam, getPitchMedian(pitch.data(), frameNum));
+    centre(ptParam, getPitchMedian(pitch.data(), track()));
+    track();
+    applyMask(sound, pitch.data());
+    cAudioPitchPostProcess::limitPitch(pitch.data(), frameNum, 34.0F, 90.0F);
+    out = trimmedTenths(pitch.data(), frameNum, outLen);
+    return true;
+}
+
+bool cAudioRecording::isWaveSilence(const std::vector<short>& wave, int fs, int nbits, int volTh) {
+    Samples samples(wave, fs, nbits);
+    if (samples.fs == targetRate && samples.nbits == 16) samples.reduceTo8Bits();
+    PTPARAM ptParam;
+    cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
+    std::vector<int> volume = valuePerFrame<int>(samples.length(), ptParam.frameSize, ptParam.overlap);
+    if (volume.empty()) return false;
+    wave2volume(samples.wave.data(), samples.length(), ptParam.frameSize, ptParam.overlap, volume.data(), 1);
+    const double threshold =
+        std::ldexp(ptParam.frameSize * 0.00390625 * volTh, clampToInt(std::int64_t{samples.nbits} - 8));
+    return threshold > *std::max_element(volume.begin(), volume.end());
+}

@@ -1,0 +1,36 @@
+// The pitch tracker: from a recording to its melody.
+#pragma once
+
+#include "audio/pitchTracking/param.hpp"
+
+/// Tracks the pitch of a recording in one pass. The stages stand in tracker.cpp.
+///
+/// @param wave          waveLen samples, of 16 bits or of 8, left unchanged.
+/// @param waveLen       samples in the recording.
+/// @param ptParam       the parameters; minIndex and maxIndex are set here.
+/// @param pitch         receives the pitch of each whole frame (cAudio::getFrameNum2 of frameSize and
+/// overlap)
+///                      in semitones, 0 for a frame without pitch.
+/// @param clarity       receives the clarity of each frame: with useClarityThreshold the ratio of the pitch
+///                      function at the chosen lag to that at lag 0 (0 without a lag or where the ratio is
+///                      not from 0 to 1), else what pf2pitchClarity says. May be null.
+/// @param pfMat         receives the pitch functions as the path search has seen them, pfLen values for each
+///                      frame, column = frame, row = lag; normalised to a largest magnitude of 2^20, and
+///                      weighted by clarity where useClarityWeight says so. May be null.
+/// @param bestIndexOut  receives the lag chosen for each frame, -1 for none. May be null.
+/// @return              the number of valid values at the front of pitch: that of the whole frames, or fewer
+///                      with cutLeadingTrailingZero. Behind them pitch holds what was there before the cut.
+///
+/// A recording without a whole frame (a frame step of 0 or less included) writes nothing, prints nothing and
+/// gives 0. One whose pitch functions are 0 everywhere has no candidate: pitch 0, clarity 0, no lag.
+/// A clarity above 1, and volume end points that find no sound, are reported on the host console. A type that
+/// is neither PF_AMDF nor PF_ACF is fatal path A in wave2pfMat.
+///
+/// The instance: <double, int>.
+template <typename Pitch, typename Sample>
+int ptByDpOverPfOnce(const Sample* wave, int waveLen, PTPARAM& ptParam, Pitch* pitch, double* clarity,
+                     double* pfMat, int* bestIndexOut);
+
+template <>
+int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch,
+                                  double* clarity, double* pfMat, int* bestIndexOut);

@@ -1,0 +1,96 @@
+// The detectors that frame ints by themselves: two thresholds, and volume with zero crossings.
+#include "audio/endPoint/made.hpp"
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+TEST(TwoThreshold, SoundReachesAsFarAsTheLowThresholdIsReached) {
+    std::filesystem::current_path(testing::TempDir());
+    const std::tuple<Ints, epdStruct, Ints, std::string> cases[] = {
+        {{0, 120, 300, 120, 50}, {notANumber, 3.9, 2.1}, {0, 1, 1, 1, 0}, "100 150"},
+        {{100, 100, 300, 99, 300, 100}, {0, 300, 1}, {1, 1, 1, 1, 1, 1}, "99 300"},
+        {{5, 7, 7, 9, 5, 7, 4, 9, 8}, {0, 2, 1}, {0, 1, 1, 1, 0, 0, 0, 1, 1}, "6 9"},
+        {{5, 7, 7, 9, 5, 7, 4, 9, 8}, {0, 1, 2}, {0, 1, 1, 1, 0, 1, 0, 1, 1}, "9 6"},
+        {{-5, -5}, {0, -1, 7}, {1, 1}, "-5 -5"},
+        {{INT_MIN, 0, INT_MAX}, {0, notANumber, 0.5}, {0, 0, 1}, "2147483647 2147483647"},
+    };
+    for (const auto& [volume, epd, expected, thresholds] : cases) {
+        Ints voiced(volume.size(), -1);
+        const ConsoleCapture console;
+        cAudio::volume2voiced(volume.data(), lengthOf(volume), 0, &epd, voiced.data());
+        EXPECT_EQ(voiced, expected) << thresholds;
+        int low = -1;
+        int high = -1;
+        std::ifstream("volTh1.txt") >> low;
+        std::ifstream("volTh2.txt") >> high;
+        EXPECT_EQ(std::to_string(low) + ' ' + std::to_string(high), thresholds);
+        const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
+        EXPECT_EQ(console.text(), "volTh1=" + std::to_string(low) + ", volTh2=" + std::to_string(high) +
+                                      ", maxVol=" + std::to_string(*most) +
+                                      ", minVol=" + std::to_string(*least) + "\n");
+    }
+    std::filesystem::remove("volTh1.txt");
+    cAudio::volume2voiced(nullptr, 0, 0, nullptr, nullptr);
+    EXPECT_FALSE(std::filesystem::exists("volTh1.txt"));
+}
+
+TEST(EpdByVol2, PairsOfFramesFromThresholdsOfTheRecording) {
+    const auto frames = [](int first, int last, double amplitude) { // covers these frames of 512 samples
+        return Piece{320 * first, 320 * last + 512, amplitude};
+    };
+    // A loud stretch, which shows in frames 9 to 31, and one that stands alone or is joined to it. High is
+    // twice the largest volume / 128, 20 times the smallest, or twice the largest / 8; low is half of it. On
+    // silence both are 0, and reached.
+    const std::tuple<double, double, double, int, Ints> cases[] = {{0, 2560, 40, 50, {9, 31, 50, 60}},
+                                                                   {0, 2560, 39, 50, {9, 31}},
+                                                                   {4, 2560, 80, 50, {9, 31, 50, 60}},
+                                                                   {4, 2560, 79, 50, {9, 31}},
+                                                                   {100, 2560, 640, 50, {9, 31, 50, 60}},
+                                                                   {100, 2560, 639, 50, {9, 31}},
+                                                                   {100, 2560, 320, 30, {9, 60}},
+                                                                   {100, 2560, 319, 30, {9, 31}},
+                                                                   {0, 0, 0, 50, {0, 98}}};
+    for (const auto& [floor, loud, probe, first, expected] : cases) {
+        const Ints wave =
+            made<int>(320 * 100, {{0, 32000, floor}, frames(first, 60, probe), frames(10, 30, loud)});
+        Ints endPoint(100, -1);
+        endPoint.resize(size_t(cAudio::epdByVol2(wave.data(), lengthOf(wave), 0, endPoint.data(), 0)));
+        EXPECT_EQ(endPoint, expected) << floor << ' ' << probe;
+    }
+    EXPECT_EQ(cAudio::epdByVol2(nullptr, 511, 0, nullptr, 0), 0);
+}
+
+TEST(VolumeThreshold, RoundedMeanInsideItsRange) {
+    const std::tuple<Ints, int, int> cases[] = {{{127, 128}, 2, 128},
+                                                {{127, 127}, 2, 512},
+                                                {{2560, 2560}, 2, 2560},
+                                                {{2561, 2561}, 2, 512},
+                                                {{2000}, 0, 512},
+                                                {{-300}, -1, 300},
+                                                {{INT_MAX, INT_MAX, 3}, 1 << 21, 2048}};
+    for (const auto& [volume, d, threshold] : cases)
+        EXPECT_EQ(cAudio::getVolumeThreshold(volume.data(), 0, lengthOf(volume), d), threshold) << volume[0];
+    EXPECT_EQ(cAudio::getVolumeThreshold(nullptr, 0, INT_MIN, 1), 512);
+}
+
+TEST(EpdByVolZcr, WidensByVolumeAndThenByCrossings) {
+    const Piece loud = {4000, 6000, 800, 40};
+    const std::tuple<Text, int, Pieces, int, int> cases[] = {
+        {"no whole frame", 319, {{0, 319, 9}}, 159, 79},
+        {"silence", 320 + 80 * 4, {}, 80 * 5 + 159, 79},
+        {"the last frame alone", 1120, {{1040, 1120, 100, 1000}}, 959, 959},
+        {"a sixteenth of it before", 8000, {{3000, 4000, 50, 160}, loud}, 3919, 6079},
+        {"a little more than that", 8000, {{3000, 4000, 51, 160}, loud}, 3199, 6079},
+        {"hiss before", 8000, {{1600, 4000, 1}, loud}, 1599, 6079}};
+    for (const auto& [what, waveLen, pieces, first, last] : cases) {
+        const Ints wave = made<int>(waveLen, pieces);
+        int start = -1;
+        int end = -1;
+        cAudio::epdByVolZcr(wave.data(), waveLen, 0, &start, &end);
+        EXPECT_TRUE(start == first && end == last) << what << ": " << start << ' ' << end;
+    }
+}
+
+} // namespace

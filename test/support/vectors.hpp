@@ -1,0 +1,21 @@
+// Vectors that tests are made of.
+#pragma once
+
+#include <cstddef>
+#include <random>
+#include <vector>
+
+using Doubles = std::vector<double>;
+using Ints = std::vector<int>;
+
+template <typename T>
+int lengthOf(const std::vector<T>& vec) {
+    return static_cast<int>(vec.size());
+}
+
+/// At least minLen and fewer than minLen + spread whole numbers, each at least 0 and below range.
+inline Doubles randomDoubles(std::mt19937& random, size_t minLen, size_t spread, unsigned range) {
+    Doubles vec(minLen + random() % spread);
+    for (double& x : vec) x = static_cast<double>(random() % range);
+    return vec;
+}
