@@ -153,10 +153,6 @@ bool Argument::flag() const {
     return value == 1;
 }
 
-int Argument::wholeOrFlag(int least, int most) const {
-    return classID() == mxLOGICAL_CLASS ? (flag() ? 1 : 0) : whole(least, most);
-}
-
 int Argument::choice(std::initializer_list<Choice> choices, bool numbersToo) const {
     std::string given;
     const bool isText = readText(array, given);

@@ -40,8 +40,6 @@ public:
     int bitDepth() const;
     /// A scalar that is 0 or 1, true or false.
     bool flag() const;
-    /// A whole number, or true or false for 1 or 0.
-    int wholeOrFlag(int least, int most) const;
     /// One of the choices, by name in any case, or by number if numbersToo.
     int choice(std::initializer_list<Choice> choices, bool numbersToo = false) const;
     /// A row of characters.

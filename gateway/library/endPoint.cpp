@@ -177,6 +177,11 @@ Detection byHandset(const Recording& recording) {
                         for (int i = 0; i < 256; ++i) sum += std::fabs(frame[i] - mean);
                         return sum;
                     });
+    const double silent = std::max(0.0, std::floor((0.2 * recording.fs - 128) / 128) - 1);
+    if (silent < static_cast<double>(found.curve.size())) {
+        const auto heard = found.curve.begin() + static_cast<std::ptrdiff_t>(silent);
+        found.threshold = {0.15 * *std::max_element(heard, found.curve.end())};
+    }
     return found;
 }
 

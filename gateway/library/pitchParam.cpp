@@ -4,66 +4,73 @@
 
 #include "audio/audio.hpp"
 
+#include <type_traits>
 #include <variant>
 
 namespace {
 
-/// A field, and the range that the tracker is safe and meaningful in.
+enum class Input { none, number, flag };
+
+/// A field, how the user gives it, and the range that the tracker is safe and meaningful in.
 struct Field {
     const char* name;
     std::variant<int PTPARAM::*, float PTPARAM::*, bool PTPARAM::*> member;
     double least;
     double most;
-    bool isOption;
+    Input input;
 };
 
 constexpr double mostPitch = 200; // semitones
 constexpr double mostWeight = 1e9;
 
 const Field fields[] = {
-    {"fs", &PTPARAM::fs, 1, mostInt, false},
-    {"nbits", &PTPARAM::nbits, 1, 32, false},
-    {"frameSize", &PTPARAM::frameSize, 2, mostInt, true},
-    {"overlap", &PTPARAM::overlap, -mostInt, mostInt, true},
-    {"pfLen", &PTPARAM::pfLen, 2, mostInt, true},
-    {"ppcNum", &PTPARAM::ppcNum, 0, mostInt, true},
-    {"minPitch", &PTPARAM::minPitch, -mostPitch, mostPitch, true},
-    {"maxPitch", &PTPARAM::maxPitch, -mostPitch, mostPitch, true},
-    {"pitchRangeMax", &PTPARAM::pitchRangeMax, 0, mostPitch, true},
-    {"pitchDiffMax", &PTPARAM::pitchDiffMax, 0, mostPitch, true},
-    {"maxMedianPitchDiff", &PTPARAM::maxMedianPitchDiff, 0, mostPitch, true},
-    {"dpMethod", &PTPARAM::dpMethod, 0, mostInt, true},
-    {"dpPosDiffOrder", &PTPARAM::dpPosDiffOrder, 0, mostInt, true},
-    {"dpUseLocalOptim", &PTPARAM::dpUseLocalOptim, 0, mostInt, true},
-    {"pfWeight", &PTPARAM::pfWeight, -mostWeight, mostWeight, true},
-    {"indexDiffWeight", &PTPARAM::indexDiffWeight, -mostWeight, mostWeight, true},
-    {"useVolThreshold", &PTPARAM::useVolThreshold, 0, mostInt, true},
-    {"useClarityThreshold", &PTPARAM::useClarityThreshold, 0, mostInt, true},
-    {"clarityRatio", &PTPARAM::clarityRatio, 0, 1, true},
-    {"medianFilterOrder", &PTPARAM::medianFilterOrder, 0, mostInt, true},
-    {"cutLeadingTrailingZero", &PTPARAM::cutLeadingTrailingZero, 0, mostInt, true},
-    {"maxAmdfLocalMinCount", &PTPARAM::maxAmdfLocalMinCount, 0, mostWeight, true},
-    {"minAmdfRange", &PTPARAM::minAmdfRange, 0, mostWeight, true},
-    {"halfOfFs", &PTPARAM::halfOfFs, 0, 1, true},
-    {"halfOfNbits", &PTPARAM::halfOfNbits, 0, 1, true},
-    {"frameRate", &PTPARAM::frameRate, -mostInt, mostInt, false},
-    {"minIndex", &PTPARAM::minIndex, -mostInt, mostInt, false},
-    {"maxIndex", &PTPARAM::maxIndex, -mostInt, mostInt, false},
-    {"useClarityWeight", &PTPARAM::useClarityWeight, 0, mostInt, true},
+    {"fs", &PTPARAM::fs, 1, mostInt, Input::none},
+    {"nbits", &PTPARAM::nbits, 1, 32, Input::none},
+    {"frameSize", &PTPARAM::frameSize, 2, mostInt, Input::number},
+    {"overlap", &PTPARAM::overlap, -mostInt, mostInt, Input::number},
+    {"pfLen", &PTPARAM::pfLen, 2, mostInt, Input::number},
+    {"ppcNum", &PTPARAM::ppcNum, 0, mostInt, Input::number},
+    {"minPitch", &PTPARAM::minPitch, -mostPitch, mostPitch, Input::number},
+    {"maxPitch", &PTPARAM::maxPitch, -mostPitch, mostPitch, Input::number},
+    {"pitchRangeMax", &PTPARAM::pitchRangeMax, 0, mostPitch, Input::number},
+    {"pitchDiffMax", &PTPARAM::pitchDiffMax, 0, mostPitch, Input::number},
+    {"maxMedianPitchDiff", &PTPARAM::maxMedianPitchDiff, 0, mostPitch, Input::number},
+    {"dpMethod", &PTPARAM::dpMethod, 0, mostInt, Input::number},
+    {"dpPosDiffOrder", &PTPARAM::dpPosDiffOrder, 0, mostInt, Input::number},
+    {"dpUseLocalOptim", &PTPARAM::dpUseLocalOptim, 0, mostInt, Input::number},
+    {"pfWeight", &PTPARAM::pfWeight, -mostWeight, mostWeight, Input::number},
+    {"indexDiffWeight", &PTPARAM::indexDiffWeight, -mostWeight, mostWeight, Input::number},
+    {"useVolThreshold", &PTPARAM::useVolThreshold, 0, mostInt, Input::flag},
+    {"useClarityThreshold", &PTPARAM::useClarityThreshold, 0, mostInt, Input::flag},
+    {"clarityRatio", &PTPARAM::clarityRatio, 0, 1, Input::number},
+    {"medianFilterOrder", &PTPARAM::medianFilterOrder, 0, mostInt, Input::number},
+    {"cutLeadingTrailingZero", &PTPARAM::cutLeadingTrailingZero, 0, mostInt, Input::flag},
+    {"maxAmdfLocalMinCount", &PTPARAM::maxAmdfLocalMinCount, 0, mostWeight, Input::number},
+    {"minAmdfRange", &PTPARAM::minAmdfRange, 0, mostWeight, Input::number},
+    {"halfOfFs", &PTPARAM::halfOfFs, 0, 1, Input::flag},
+    {"halfOfNbits", &PTPARAM::halfOfNbits, 0, 1, Input::flag},
+    {"frameRate", &PTPARAM::frameRate, -mostInt, mostInt, Input::none},
+    {"minIndex", &PTPARAM::minIndex, -mostInt, mostInt, Input::none},
+    {"maxIndex", &PTPARAM::maxIndex, -mostInt, mostInt, Input::none},
+    {"useClarityWeight", &PTPARAM::useClarityWeight, 0, mostInt, Input::flag},
 };
 
 double valueOf(const PTPARAM& param, const Field& field) {
     return std::visit([&](auto member) { return static_cast<double>(param.*member); }, field.member);
 }
 
-/// A flag is taken as such, any other int as a whole number.
 void setField(PTPARAM& param, const Field& field, const Argument& argument) {
-    if (const auto* asInt = std::get_if<int PTPARAM::*>(&field.member))
-        param.*(*asInt) = argument.wholeOrFlag(static_cast<int>(field.least), static_cast<int>(field.most));
-    else if (const auto* asFloat = std::get_if<float PTPARAM::*>(&field.member))
-        param.*(*asFloat) = static_cast<float>(argument.number(field.least, field.most));
-    else
-        param.*(std::get<bool PTPARAM::*>(field.member)) = argument.flag();
+    const bool isFlag = field.input == Input::flag;
+    const auto value = [&]<typename T>(T PTPARAM::*member) {
+        if (isFlag)
+            param.*member = static_cast<T>(argument.flag());
+        else if constexpr (std::is_same_v<T, float>)
+            param.*member = static_cast<float>(argument.number(field.least, field.most));
+        else
+            param.*member =
+                static_cast<T>(argument.whole(static_cast<int>(field.least), static_cast<int>(field.most)));
+    };
+    std::visit(value, field.member);
 }
 
 } // namespace
@@ -72,7 +79,7 @@ const std::vector<const char*>& pitchParamNames() {
     static const std::vector<const char*> names = [] {
         std::vector<const char*> list{"pfType", "frameRate", "nbits", "paramFile"};
         for (const Field& field : fields)
-            if (field.isOption) list.push_back(field.name);
+            if (field.input != Input::none) list.push_back(field.name);
         return list;
     }();
     return names;
@@ -92,7 +99,8 @@ PTPARAM readPitchParam(const Call& call, const Options& options, int fs, int nbi
     }
     if (options.has("paramFile")) cAudio::ptParamRead(options["paramFile"].file().c_str(), &param);
     for (const Field& field : fields)
-        if (field.isOption && options.has(field.name)) setField(param, field, options[field.name]);
+        if (field.input != Input::none && options.has(field.name))
+            setField(param, field, options[field.name]);
     if (options.has("frameSize") && !options.has("pfLen")) param.pfLen = param.frameSize / 2;
     checkPitchParam(call, param);
     const double step = static_cast<double>(param.frameSize) - param.overlap;
