@@ -26,6 +26,8 @@ struct Options {
     double rate = 0;
     std::vector<double> frames;
     bool lags = false;
+    bool gaps = false;
+    int times = 0;
 };
 
 void declare(CLI::App& app, Options& options) {
@@ -45,6 +47,10 @@ void declare(CLI::App& app, Options& options) {
     app.add_option("--frames", options.frames, "columns are frames of SIZE samples that share OVERLAP")
         ->type_name("SIZE OVERLAP")
         ->expected(2);
+    app.add_option("--times", options.times, "output N holds the columns' times in seconds, evenly spaced")
+        ->type_name("N")
+        ->check(CLI::PositiveNumber);
+    app.add_flag("--gaps", options.gaps, "zeros in a curve are gaps");
     app.add_flag("--lags", options.lags, "rows are lags in samples, from 0");
 }
 
@@ -101,10 +107,19 @@ void run(const Options& options) {
         if (i < options.csv.size()) writeCsv(options.csv[i], *outputs[i]);
     }
     if (options.png.empty() || !outputs.front()) return;
-    Axes axes{options.rate, !options.frames.empty(), 0, 0, options.lags};
+    Axes axes;
+    axes.rate = options.rate;
+    axes.lags = options.lags;
+    axes.gaps = options.gaps;
+    axes.frames = !options.frames.empty();
     if (axes.frames) {
         axes.frameSize = options.frames[0];
         axes.overlap = options.frames[1];
+    }
+    const auto times = static_cast<size_t>(options.times);
+    if (times >= 1 && times <= outputs.size() && outputs[times - 1]->data.size() > 1) {
+        axes.firstTime = outputs[times - 1]->data[0];
+        axes.timeStep = outputs[times - 1]->data[1] - axes.firstTime;
     }
     const mxArray* wave = waveToDraw(arrays, rates, axes.rate);
     drawPicture(options.png, callText(module.name, options.arguments), wave, *outputs.front(), axes);

@@ -7,7 +7,7 @@ function drawCurve (wave, fs, time, curve, label, threshold = [])
   plot (time, curve, "color", [0.17, 0.37, 0.54], "linewidth", 1.2);
   hold on
   for level = threshold
-    plot ([0, duration], [level, level], "--", "color", [0.8, 0.2, 0.15]);
+    plot ([0, duration], [level, level], "--", "color", [0.8, 0.2, 0.15], "linewidth", 1.5);
   end
   hold off
   xlim ([0, duration]);

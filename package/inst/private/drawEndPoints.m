@@ -1,7 +1,7 @@
 % The waveform with its segments above the detector's curve with its thresholds.
 function drawEndPoints (wave, fs, segments, curve, threshold, time)
-  curve = max (curve, max ([curve, -Inf]) - 100);  % frames of zeros have no decibels
-  drawCurve (wave, fs, time, curve, "Detector's curve", threshold(threshold >= min ([curve, Inf])));
+  curve(curve < -1e9) = NaN;  % frames of zeros have no decibels
+  drawCurve (wave, fs, time, curve, "Detector's curve", threshold);
   subplot (2, 1, 1);
   hold on
   limits = ylim ();
