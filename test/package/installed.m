@@ -11,6 +11,7 @@ for i = 1:2  % packed twice, the same bytes
   tarballs{i} = strtrim (text);
 end
 assert (fileread (tarballs{1}), fileread (tarballs{2}));
+cd (directory);
 pkg ("prefix", fullfile (directory, "packages"), fullfile (directory, "packages"));
 pkg ("local_list", fullfile (directory, "list"));
 pkg ("install", tarballs{1});

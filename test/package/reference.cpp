@@ -1,5 +1,5 @@
-// reference WAVE DIR: what the library itself computes of a recording of 16-bit samples, each result a file of
-// doubles in DIR, without a module or a host.
+// reference WAVE DIR: what the library itself computes of a recording of 16-bit samples, each result a file
+// of doubles in DIR, without a module or a host.
 
 #include "audio/audio.hpp"
 
