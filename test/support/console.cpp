@@ -1,6 +1,7 @@
 #include "support/console.hpp"
 
-#include <regex>
+#include <algorithm>
+#include <cctype>
 
 namespace {
 
@@ -23,5 +24,14 @@ const std::string& ConsoleCapture::text() const {
 }
 
 std::string withoutLineNumber(std::string message) {
-    return std::regex_replace(message, std::regex("line[ =][0-9]+"), "line N");
+    const auto isDigit = [](unsigned char c) { return std::isdigit(c) != 0; };
+    for (std::size_t word = message.find("line"); word != std::string::npos;
+         word = message.find("line", word + 1)) {
+        if (word + 5 >= message.size()) break;
+        const auto first =
+            message.begin() + static_cast<std::ptrdiff_t>(word) + 5; // behind "line " or "line="
+        const auto last = std::find_if_not(first, message.end(), isDigit);
+        if (first != last) message.replace(first - 1, last, " N");
+    }
+    return message;
 }

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <random>
 #include <vector>
 
 using Doubles = std::vector<double>;
 using Ints = std::vector<int>;
+
+inline constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 template <typename T>
 int lengthOf(const std::vector<T>& vec) {

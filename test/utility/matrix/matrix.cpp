@@ -24,11 +24,11 @@ TEST(Matrix, IsZeroFilledAndReleased) {
 TEST(Matrix, ShapesThatCannotBeFailTheWayOfTheirOperation) {
     const int sizes[][3] = {{0, 0, 8},       {0, -5, 8}, {4, 0, 8}, {4, 5, 0},
                             {INT_MIN, 0, 8}, {3, -1, 8}, {3, 2, -1}};
-    for (const auto& [rows, columns, size] : sizes) {
-        const bool fails = rows < 0 || (rows > 0 && (columns < 0 || size < 0));
-        EXPECT_EQ(hostError([&] { fisFreeMatrix(fisCreateMatrix(rows, columns, size), rows); }),
+    for (const auto& s : sizes) {
+        const bool fails = s[0] < 0 || (s[0] > 0 && (s[1] < 0 || s[2] < 0));
+        EXPECT_EQ(hostError([&] { fisFreeMatrix(fisCreateMatrix(s[0], s[1], s[2]), s[0]); }),
                   fails ? "Error in fisCreateMatrix!" : "")
-            << rows << ' ' << columns << ' ' << size;
+            << s[0] << ' ' << s[1] << ' ' << s[2];
     }
     EXPECT_EQ(fatalMessage([] { cAudio::matCreate(3, -1, 8); }), "Error in matrixCreate!");
 }

@@ -93,7 +93,7 @@ TEST(LinearScaling, WithoutShiftAndOutsideItsLimits) {
     EXPECT_EQ((Scaling{{1, 2, 3}, {11, 12, 13, 20}, 1, 2, 2, 1, 0}(plain)).best, 10);
     EXPECT_EQ((Scaling{{1, 2, 3}, {11, 12, 13, 20}, 1, 2, 2, 2, 0}(plain)).best, 100);
     for (const Variant variant : {plain, shifting, prepared}) {
-        EXPECT_EQ((Scaling{{1, 2}, {1, 2}, NAN, 2, 3, 99, 1}(variant)), Match());
+        EXPECT_EQ((Scaling{{1, 2}, {1, 2}, notANumber, 2, 3, 99, 1}(variant)), Match());
         EXPECT_EQ((Scaling{{}, {1, 2}, 1, 2, -1, 99, 1}(variant)), Match());
         EXPECT_EQ((Scaling{{1, 2}, {1, 2}, 1, 2, 1, 1, 1}(variant)).best, 0) << "one scale: the lower ratio";
     }

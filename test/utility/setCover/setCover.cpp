@@ -42,7 +42,7 @@ TEST(SetCover, EveryStepTakesTheFirstRowThatAddsMost) {
 }
 
 TEST(SetCover, WhatIsNoElementNumberIsAnEmptySlot) {
-    Doubles sets{-3, NAN, HUGE_VAL, 2.5, 2.5, 0.5};
+    Doubles sets{-3, notANumber, HUGE_VAL, 2.5, 2.5, 0.5};
     int chosen = -1;
     double coverage = -1;
     EXPECT_EQ(setCover(sets.data(), 1, 6, 1, &chosen, &coverage), 1);

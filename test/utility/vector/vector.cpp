@@ -30,14 +30,14 @@ TEST(Median, IsTheMiddleOfTheSortedValuesInLinearTimeForEveryOrder) {
 }
 
 TEST(Median, NotANumberStandsWhereTheDefiningSelectionPutsIt) {
-    const Doubles vecs[] = {{NAN, 1, 2},
-                            {1, NAN, 2},
-                            {3, NAN, 2, 1, 5},
-                            {4, 4, NAN, 1, 4, 8},
-                            {NAN, 5, NAN, 3, 2, 1, 0, NAN},
-                            {9, 8, NAN, 7, 6, 5, 4, 3, 2, 1, NAN, 0},
+    const Doubles vecs[] = {{notANumber, 1, 2},
+                            {1, notANumber, 2},
+                            {3, notANumber, 2, 1, 5},
+                            {4, 4, notANumber, 1, 4, 8},
+                            {notANumber, 5, notANumber, 3, 2, 1, 0, notANumber},
+                            {9, 8, notANumber, 7, 6, 5, 4, 3, 2, 1, notANumber, 0},
                             {}};
-    const double medians[] = {1, NAN, 3, NAN, 2.5, 5.5, 0};
+    const double medians[] = {1, notANumber, 3, notANumber, 2.5, 5.5, 0};
     for (size_t i = 0; i < 7; ++i) {
         const double median = vecMedian(vecs[i].data(), lengthOf(vecs[i]));
         EXPECT_TRUE(median == medians[i] || (std::isnan(median) && std::isnan(medians[i])))
@@ -77,7 +77,8 @@ TEST(QuickSort, PermutationIsCarriedByTheIndex) {
 }
 
 TEST(SortFunctions, OrderBySignOfTheDifference) {
-    const double cases[][3] = {{1, 2, -1}, {0.0, -0.0, 0}, {NAN, 1, 1}, {1, NAN, 1}, {HUGE_VAL, HUGE_VAL, 1}};
+    const double cases[][3] = {
+        {1, 2, -1}, {0.0, -0.0, 0}, {notANumber, 1, 1}, {1, notANumber, 1}, {HUGE_VAL, HUGE_VAL, 1}};
     for (const auto& [a, b, sign] : cases) {
         const float floats[] = {static_cast<float>(a), static_cast<float>(b)};
         EXPECT_EQ(sortFunction(&a, &b), sign) << a << ' ' << b;
@@ -95,7 +96,7 @@ TEST(RangeSearch, IntervalsBeginAtTheirBoundary) {
         EXPECT_EQ(tableLookupByRangeSearch(table, 3, value, 7, 0), interval + 7) << value;
         EXPECT_EQ(tableLookupByRangeSearch(table, 3, value, 0, 1), 3 - interval) << value;
     }
-    EXPECT_EQ(rangeSearchBinSub(NAN, Doubles{1, 2, 3}.data(), 0, 2), 3);
+    EXPECT_EQ(rangeSearchBinSub(notANumber, Doubles{1, 2, 3}.data(), 0, 2), 3);
     EXPECT_EQ(tableLookupByRangeSearch(nullptr, INT_MIN, 99, INT_MAX, 1), INT_MAX);
 }
 
@@ -137,7 +138,7 @@ TEST(Resample, PointsLieBetweenTheirNeighboursAndEndsStay) {
 
 TEST(VectorOperations, Examples) {
     Ints rounded(6);
-    double2intVec(Doubles{2.5, -2.5, 0.0, 1e300, -HUGE_VAL, NAN}.data(), 6, rounded.data());
+    double2intVec(Doubles{2.5, -2.5, 0.0, 1e300, -HUGE_VAL, notANumber}.data(), 6, rounded.data());
     EXPECT_EQ(rounded, (Ints{3, -3, 0, INT_MAX, INT_MIN, 0}));
     Doubles vec{1, 0, 0, 2, -0.0};
     replaceZeroWithPrevOne(vec.data(), 5);
