@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -39,6 +40,29 @@ private:
     Arrays arrays;
     Arrays* outer;
 };
+
+mxArray* created(std::unique_ptr<mxArray> array) {
+    if (!arraysOfCall) return array.release();
+    arraysOfCall->push_back(std::move(array));
+    return arraysOfCall->back().get();
+}
+
+/// Bytes of an element; 0 of a class that the stand-in host has no numeric matrix of.
+size_t elementSize(mxClassID classID) {
+    switch (classID) {
+    case mxINT8_CLASS:
+    case mxUINT8_CLASS:
+        return 1;
+    case mxINT16_CLASS:
+    case mxUINT16_CLASS:
+        return 2;
+    case mxINT32_CLASS:
+    case mxUINT32_CLASS:
+        return 4;
+    default:
+        return 0;
+    }
+}
 
 } // namespace
 
@@ -93,10 +117,53 @@ mxArray* mxCreateDoubleMatrix_700(int rows, int columns, mxComplexity complexity
         mexErrMsgTxt("mxCreateDoubleMatrix: only real matrices of non-negative size");
     const auto m = static_cast<size_t>(rows);
     const auto n = static_cast<size_t>(columns);
-    std::unique_ptr<mxArray> array(new mxArray{m, n, std::vector<double>(m * n)});
-    if (!arraysOfCall) return array.release();
-    arraysOfCall->push_back(std::move(array));
-    return arraysOfCall->back().get();
+    return created(std::unique_ptr<mxArray>(new mxArray{m, n, std::vector<double>(m * n)}));
+}
+
+mxArray* mxCreateNumericMatrix_700(int rows, int columns, mxClassID classID, mxComplexity complexity) {
+    const size_t size = elementSize(classID);
+    if (rows < 0 || columns < 0 || complexity != mxREAL || size == 0)
+        mexErrMsgTxt("mxCreateNumericMatrix: only real matrices of an integer class and non-negative size");
+    const auto m = static_cast<size_t>(rows);
+    const auto n = static_cast<size_t>(columns);
+    return created(std::unique_ptr<mxArray>(new mxArray{m, n, {}, classID, std::string(m * n * size, '\0')}));
+}
+
+mxArray* mxCreateString(const char* text) {
+    const std::string bytes = text;
+    return created(std::unique_ptr<mxArray>(new mxArray{1, bytes.size(), {}, mxCHAR_CLASS, bytes}));
+}
+
+mxArray* mxCreateStructMatrix_700(int rows, int columns, int fieldCount, const char** fieldNames) {
+    if (rows != 1 || columns != 1) mexErrMsgTxt("mxCreateStructMatrix: only structs of 1 x 1");
+    std::unique_ptr<mxArray> array(new mxArray{1, 1, {}, mxSTRUCT_CLASS});
+    array->fieldNames.assign(fieldNames, fieldNames + fieldCount);
+    array->fields.resize(array->fieldNames.size());
+    return created(std::move(array));
+}
+
+void mxSetField(mxArray* array, int index, const char* fieldName, mxArray* value) {
+    const auto& names = array->fieldNames;
+    const auto name = std::find(names.begin(), names.end(), fieldName);
+    if (index != 0 || name == names.end()) mexErrMsgTxt("mxSetField: no such field");
+    array->fields[static_cast<size_t>(name - names.begin())] = std::move(*value);
+    if (!arraysOfCall) delete value; // within a call, the emptied array goes at its end
+}
+
+mxClassID mxGetClassID(const mxArray* array) {
+    return array->classID;
+}
+
+bool mxIsComplex(const mxArray* /*array*/) {
+    return false;
+}
+
+bool mxIsSparse(const mxArray* /*array*/) {
+    return false;
+}
+
+int mxGetNumberOfDimensions_700(const mxArray* /*array*/) {
+    return 2;
 }
 
 size_t mxGetM(const mxArray* array) {
@@ -109,6 +176,18 @@ size_t mxGetN(const mxArray* array) {
 
 double* mxGetPr(const mxArray* array) {
     return const_cast<double*>(array->data.data());
+}
+
+void* mxGetData(const mxArray* array) {
+    if (array->classID == mxDOUBLE_CLASS) return mxGetPr(array);
+    return const_cast<char*>(array->bytes.data());
+}
+
+int mxGetString(const mxArray* array, char* text, int size) {
+    const bool fits = size > 0 && array->bytes.size() < static_cast<size_t>(size);
+    if (array->classID != mxCHAR_CLASS || array->rows > 1 || !fits) return 1;
+    std::memcpy(text, array->bytes.c_str(), array->bytes.size() + 1);
+    return 0;
 }
 
 double mxGetScalar(const mxArray* array) {

@@ -10,11 +10,15 @@
 
 #include "mex.h"
 
-/// A real double matrix, column after column.
+/// A real double matrix, and whatever else its class says.
 struct mxArray_tag {
     size_t rows = 0;
     size_t columns = 0;
-    std::vector<double> data; // rows x columns
+    std::vector<double> data{}; // of doubles: rows x columns, column after column
+    mxClassID classID = mxDOUBLE_CLASS;
+    std::string bytes{};                   // of characters and integers: the elements
+    std::vector<std::string> fieldNames{}; // of a struct of 1 x 1
+    std::vector<mxArray_tag> fields{};     // of a struct: a value for each name
 };
 
 namespace standIn {

@@ -1,5 +1,6 @@
 #include "arrays.hpp"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
@@ -87,6 +88,20 @@ Input readAudio(const std::string& path) {
     return {fromRows(samples, samples.size() / channels, channels), static_cast<double>(file.samplerate())};
 }
 
+bool isWord(const std::string& text) {
+    return std::isalpha(static_cast<unsigned char>(text.front())) != 0 &&
+           std::all_of(text.begin(), text.end(),
+                       [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
+}
+
+bool isQuoted(const std::string& text) {
+    return text.size() >= 2 && text.front() == '\'' && text.back() == '\'';
+}
+
+Input characters(const std::string& text) {
+    return {{text.empty() ? 0U : 1U, text.size(), {}, mxCHAR_CLASS, text}};
+}
+
 } // namespace
 
 bool isNumber(const std::string& text) {
@@ -97,6 +112,8 @@ bool isNumber(const std::string& text) {
 
 Input readInput(const std::string& text) {
     if (isNumber(text)) return {{1, 1, {std::strtod(text.c_str(), nullptr)}}};
+    if (isQuoted(text)) return characters(text.substr(1, text.size() - 2));
+    if (!text.empty() && isWord(text) && !std::filesystem::exists(text)) return characters(text);
     const std::string extension = std::filesystem::path(text).extension();
     if (extension == ".csv" || extension == ".txt") return {readTable(text)};
     return readAudio(text);

@@ -15,7 +15,9 @@ bool isNumber(const std::string& text);
 
 /// The array that an argument stands for:
 ///   a number                    a scalar;
-///   a file ending in .csv/.txt  a table of doubles: a line is a row, numbers stand between commas,
+///   'text' in single quotes     a row of characters;
+///   a word                      the same, where no file has this name: letters, digits and _, a letter
+///   first; a file ending in .csv/.txt  a table of doubles: a line is a row, numbers stand between commas,
 ///                               semicolons or blanks, empty lines are skipped;
 ///   any other file              audio of any format that libsndfile reads: samples x channels, full scale
 ///                               -1 to 1, as the host's audioread gives it.

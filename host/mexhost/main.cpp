@@ -26,12 +26,15 @@ struct Options {
     double rate = 0;
     std::vector<double> frames;
     bool lags = false;
+    bool gaps = false;
+    int times = 0;
 };
 
 void declare(CLI::App& app, Options& options) {
     app.add_option("MODULE", options.module, "shared object with a mexFunction")->required();
     app.add_option("ARG", options.arguments,
-                   "input: a number, an audio file, or a table (.csv, .txt) of numbers");
+                   "input: a number, an audio file, a table (.csv, .txt) of numbers, a word or 'text' for "
+                   "characters, @rate for the sample rate in Hz of the audio before it");
     app.add_option("--out", options.outputCount, "outputs to ask for")
         ->check(CLI::Range(0, 1000))
         ->capture_default_str();
@@ -44,6 +47,10 @@ void declare(CLI::App& app, Options& options) {
     app.add_option("--frames", options.frames, "columns are frames of SIZE samples that share OVERLAP")
         ->type_name("SIZE OVERLAP")
         ->expected(2);
+    app.add_option("--times", options.times, "output N holds the columns' times in seconds, evenly spaced")
+        ->type_name("N")
+        ->check(CLI::PositiveNumber);
+    app.add_flag("--gaps", options.gaps, "zeros in a curve are gaps");
     app.add_flag("--lags", options.lags, "rows are lags in samples, from 0");
 }
 
@@ -84,22 +91,35 @@ void run(const Options& options) {
     std::vector<mxArray> arrays;
     std::vector<double> rates;
     for (const std::string& argument : options.arguments) {
-        Input input = readInput(argument);
+        const auto audio = std::find_if(rates.rbegin(), rates.rend(), [](double rate) { return rate > 0; });
+        const bool isRate = argument == "@rate" && audio != rates.rend();
+        Input input = isRate ? Input{{1, 1, {*audio}}} : readInput(argument);
         arrays.push_back(std::move(input.array));
         rates.push_back(input.rate);
     }
     const Module module = loadModule(options.module);
     const auto outputs = callModule(module, options.outputCount, arrays);
+    for (const auto& output : outputs)
+        if (output) *output = withDoubles(*output);
     for (size_t i = 0; i < outputs.size(); ++i) {
         if (!outputs[i]) continue;
         std::printf("output %zu: %s\n", i + 1, summary(*outputs[i]).c_str());
         if (i < options.csv.size()) writeCsv(options.csv[i], *outputs[i]);
     }
     if (options.png.empty() || !outputs.front()) return;
-    Axes axes{options.rate, !options.frames.empty(), 0, 0, options.lags};
+    Axes axes;
+    axes.rate = options.rate;
+    axes.lags = options.lags;
+    axes.gaps = options.gaps;
+    axes.frames = !options.frames.empty();
     if (axes.frames) {
         axes.frameSize = options.frames[0];
         axes.overlap = options.frames[1];
+    }
+    const auto times = static_cast<size_t>(options.times);
+    if (times >= 1 && times <= outputs.size() && outputs[times - 1]->data.size() > 1) {
+        axes.firstTime = outputs[times - 1]->data[0];
+        axes.timeStep = outputs[times - 1]->data[1] - axes.firstTime;
     }
     const mxArray* wave = waveToDraw(arrays, rates, axes.rate);
     drawPicture(options.png, callText(module.name, options.arguments), wave, *outputs.front(), axes);

@@ -3,12 +3,65 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <fstream>
 #include <limits>
 #include <sstream>
 #include <stdexcept>
+#include <vector>
+
+namespace {
+
+template <typename T>
+std::vector<double> converted(const std::string& bytes) {
+    std::vector<T> elements(bytes.size() / sizeof(T));
+    std::memcpy(elements.data(), bytes.data(), elements.size() * sizeof(T));
+    return {elements.begin(), elements.end()};
+}
+
+std::vector<double> integersOf(const mxArray& array) {
+    switch (array.classID) {
+    case mxINT8_CLASS:
+        return converted<std::int8_t>(array.bytes);
+    case mxUINT8_CLASS:
+        return converted<std::uint8_t>(array.bytes);
+    case mxINT16_CLASS:
+        return converted<std::int16_t>(array.bytes);
+    case mxUINT16_CLASS:
+        return converted<std::uint16_t>(array.bytes);
+    case mxINT32_CLASS:
+        return converted<std::int32_t>(array.bytes);
+    default:
+        return converted<std::uint32_t>(array.bytes);
+    }
+}
+
+std::string listing(const mxArray& array) {
+    std::ostringstream text;
+    text << "struct";
+    for (size_t i = 0; i < array.fields.size(); ++i) {
+        const mxArray& value = array.fields[i];
+        text << "\n  " << array.fieldNames[i] << " = ";
+        if (value.data.size() == 1)
+            text << value.data.front();
+        else
+            text << summary(value);
+    }
+    return text.str();
+}
+
+} // namespace
+
+mxArray withDoubles(const mxArray& array) {
+    const bool isNoInteger =
+        array.classID == mxDOUBLE_CLASS || array.classID == mxCHAR_CLASS || array.classID == mxSTRUCT_CLASS;
+    return isNoInteger ? array : mxArray{array.rows, array.columns, integersOf(array)};
+}
 
 std::string summary(const mxArray& array) {
+    if (array.classID == mxCHAR_CLASS) return '"' + array.bytes + '"';
+    if (array.classID == mxSTRUCT_CLASS) return listing(array);
     double least = std::numeric_limits<double>::infinity();
     double greatest = -least;
     double sum = 0;

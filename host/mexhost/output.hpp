@@ -5,8 +5,11 @@
 
 #include "standIn.hpp"
 
-/// "128 x 340, min -0.5, max 2.25, mean 0.125"; minimum, maximum and mean over the elements that are numbers,
-/// the others are counted.
+/// The array, or an integer matrix as one of doubles.
+mxArray withDoubles(const mxArray& array);
+
+/// Characters in quotes; a struct's fields, one in a line; of a matrix "128 x 340, min -0.5, max 2.25, mean
+/// 0.125"; minimum, maximum and mean over the elements that are numbers, the others are counted.
 std::string summary(const mxArray& array);
 
 /// Writes a line for each row, the numbers between commas, each in the shortest form that reads back as the

@@ -32,6 +32,7 @@ struct Scale {
 };
 
 Scale columnScale(const Axes& axes) {
+    if (axes.timeStep > 0) return {axes.firstTime, axes.timeStep, "Time (s)"};
     if (!axes.frames) return {1, 1, "Column"};
     const double hop = axes.frameSize - axes.overlap;
     const double centre = axes.frameSize / 2;
@@ -112,7 +113,8 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
     plot.data(pixels);
 }
 
-void drawLine(Gnuplot& plot, const mxArray& output, const Scale& along) {
+void drawLine(Gnuplot& plot, mxArray output, const Scale& along, bool gaps) {
+    if (gaps) std::replace(output.data.begin(), output.data.end(), 0.0, std::nan(""));
     std::vector<double> points;
     std::vector<double> finite;
     for (size_t i = 0; i < output.data.size(); ++i) {
@@ -148,7 +150,7 @@ void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool sha
     if (output.data.empty())
         drawNothing(plot, output);
     else if (output.rows == 1 || column)
-        drawLine(plot, output, across);
+        drawLine(plot, output, across, axes.gaps);
     else
         drawImage(plot, output, x, y);
 }

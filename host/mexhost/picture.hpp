@@ -11,6 +11,9 @@ struct Axes {
     bool frames = false;  // columns are frames, each drawn around its centre, on the waveform's time axis
     double frameSize = 0; // samples of a frame
     double overlap = 0;   // samples that consecutive frames share
+    double firstTime = 0; // seconds of the first column's centre, and from column to column, where timeStep
+    double timeStep = 0;  // is above 0: instead of what frames say
+    bool gaps = false;    // a curve is interrupted where it is 0
     bool lags = false;    // rows are lags, in samples from 0
 };
 

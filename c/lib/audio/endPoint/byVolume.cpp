@@ -6,23 +6,22 @@
 #include "audio/endPoint/byVolume.hpp"
 
 #include "audio/endPoint/ashod.hpp"
+#include "audio/endPoint/curves.hpp"
 #include "audio/endPoint/levelThreshold.hpp"
 #include "audio/endPoint/volume.hpp"
 #include "audio/endPoint/wholeFrames.hpp"
 #include "utility/rounding.hpp"
 
-namespace {
-
 using Curve = std::vector<int>;
 
-Curve volumeCurve(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+Curve endPointCurve::volume(const int* wave, int waveLen, const EPDPARAM& epdParam) {
     auto volume = valuePerFrame<int>(waveLen, epdParam.frameSize, epdParam.overlap);
     wave2volume(wave, waveLen, epdParam.frameSize, epdParam.overlap, volume.data(), 1);
     return volume;
 }
 
-Curve volumeAndAshodCurve(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    Curve curve = volumeCurve(wave, waveLen, epdParam);
+Curve endPointCurve::volumeAndAshod(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+    Curve curve = volume(wave, waveLen, epdParam);
     Curve ashod(curve.size());
     cAudioAshod::wave2ashod(wave, waveLen, epdParam.frameSize, epdParam.overlap, ashod.data(),
                             epdParam.diffOrder);
@@ -31,8 +30,7 @@ Curve volumeAndAshodCurve(const int* wave, int waveLen, const EPDPARAM& epdParam
     return curve;
 }
 
-/// The threshold of a curve with at least one value.
-int thresholdOf(Curve curve, int ratio) {
+int endPointCurve::threshold(Curve curve, int ratio) {
     const auto frameNum = static_cast<int>(curve.size());
     const int k = std::max(1, myRound(static_cast<float>(frameNum * 0.03125)));
     const auto low = curve.begin() + (k - 1);
@@ -42,6 +40,8 @@ int thresholdOf(Curve curve, int ratio) {
     std::nth_element(curve.begin(), high, curve.end());
     return levelThreshold(lowest, *high, ratio);
 }
+
+namespace {
 
 /// Frames in a duration, each step in single precision.
 int framesIn(float seconds, int fs, const EPDPARAM& epdParam) {
@@ -64,7 +64,7 @@ SEGMENT* withoutDetached(SEGMENT* first, SEGMENT* last, int maxSilence, int minF
 SEGMENT* segmentsOf(Curve curve, int ratio, int fs, const EPDPARAM& epdParam, int* segNum) {
     *segNum = 0;
     if (curve.empty()) return segmentFind(curve.data(), 0, segNum);
-    const int threshold = thresholdOf(curve, ratio);
+    const int threshold = endPointCurve::threshold(curve, ratio);
     for (int& value : curve) value = value > threshold ? 1 : 0;
     SEGMENT* segments = segmentFind(curve.data(), static_cast<int>(curve.size()), segNum);
     SEGMENT* last = withoutShort(segments, segments + *segNum, framesIn(epdParam.minSegment, fs, epdParam));
@@ -78,10 +78,12 @@ SEGMENT* segmentsOf(Curve curve, int ratio, int fs, const EPDPARAM& epdParam, in
 
 SEGMENT* cAudioByVolume::epdByVol(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                   int* segNum) {
-    return segmentsOf(volumeCurve(wave, waveLen, epdParam), epdParam.volRatio, fs, epdParam, segNum);
+    return segmentsOf(endPointCurve::volume(wave, waveLen, epdParam), epdParam.volRatio, fs, epdParam,
+                      segNum);
 }
 
 SEGMENT* cAudioByVolume::epdByVolHod(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                      int* segNum) {
-    return segmentsOf(volumeAndAshodCurve(wave, waveLen, epdParam), epdParam.vhRatio, fs, epdParam, segNum);
+    return segmentsOf(endPointCurve::volumeAndAshod(wave, waveLen, epdParam), epdParam.vhRatio, fs, epdParam,
+                      segNum);
 }

@@ -6,6 +6,7 @@
 // Until step 5, the caller's two lists hold frame numbers; a character that goes leaves -1 in both.
 #include "audio/endPoint/character.hpp"
 
+#include "audio/endPoint/curves.hpp"
 #include "audio/endPoint/segment.hpp"
 #include "audio/endPoint/wholeFrames.hpp"
 #include "utility/rounding.hpp"
@@ -56,12 +57,6 @@ double decibelsOf(const double* frame) {
     return meanSquare == 0.0 ? -2147483647.0 : 10.0 * std::log10(meanSquare);
 }
 
-Levels decibelsPerFrame(const double* wave, int waveLen) {
-    auto level = valuePerFrame<double>(waveLen, frameSize, overlap);
-    featurePerFrame(wave, waveLen, frameSize, overlap, level.data(), decibelsOf);
-    return level;
-}
-
 void recordCores(const Levels& level, double threshold, const Characters& characters) {
     std::vector<int> core(level.size());
     std::transform(level.begin(), level.end(), core.begin(), [=](double dB) { return dB >= threshold; });
@@ -104,6 +99,12 @@ void merge(const Characters& characters, int count) {
 
 } // namespace
 
+std::vector<double> endPointCurve::decibels(const double* wave, int waveLen) {
+    auto level = valuePerFrame<double>(waveLen, frameSize, overlap);
+    featurePerFrame(wave, waveLen, frameSize, overlap, level.data(), decibelsOf);
+    return level;
+}
+
 void packCharIndex(double* list, int n) {
     if (n < 1) return;
     std::fill(std::remove(list, list + n, emptySlot), list + n, emptySlot);
@@ -119,7 +120,7 @@ int cAudioCharacter::charEndPointDetect(double* wave, int waveLen, int fs, doubl
     std::fill(start, start + characters.slots, emptySlot);
     std::fill(end, end + characters.slots, emptySlot);
     if (!removeMean(wave, waveLen)) return 0;
-    const Levels level = decibelsPerFrame(wave, waveLen);
+    const Levels level = endPointCurve::decibels(wave, waveLen);
     if (level.empty()) return 0;
     const double loudest = *std::max_element(level.begin(), level.end());
 

@@ -5,6 +5,7 @@
 #include "audio/endPoint/byVolume.hpp"
 #include "audio/endPoint/byVolumeAndZcr.hpp"
 #include "audio/endPoint/character.hpp"
+#include "audio/endPoint/curves.hpp"
 #include "audio/endPoint/epdParam.hpp"
 #include "audio/endPoint/handset.hpp"
 #include "audio/endPoint/localAverage.hpp"

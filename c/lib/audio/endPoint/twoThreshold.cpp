@@ -1,5 +1,6 @@
 #include "audio/endPoint/twoThreshold.hpp"
 
+#include "audio/endPoint/curves.hpp"
 #include "audio/endPoint/levelThreshold.hpp"
 #include "audio/endPoint/segment.hpp"
 #include "audio/endPoint/volume.hpp"
@@ -13,10 +14,7 @@
 
 namespace {
 
-struct Thresholds {
-    int low;
-    int high;
-};
+using endPointCurve::Thresholds;
 
 /// Extends sound backward, then forward.
 void markSound(const int* volume, int frameNum, Thresholds threshold, int* on) {
@@ -27,16 +25,14 @@ void markSound(const int* volume, int frameNum, Thresholds threshold, int* on) {
         if (on[i - 1] == 1 && volume[i] >= threshold.low) on[i] = 1;
 }
 
-/// High is 20 times the smallest volume, but not above a quarter of the largest, and where that is below a
-/// 128th of the largest, about a 64th of it. Low is half of high.
-Thresholds thresholdsBetween(std::int64_t minVol, std::int64_t maxVol) {
+} // namespace
+
+Thresholds endPointCurve::twoThresholds(std::int64_t minVol, std::int64_t maxVol) {
     std::int64_t low = 10 * minVol;
     if (maxVol / 4 < 20 * minVol) low = maxVol / 8;
     if (128 * (2 * low) < maxVol) low = maxVol / 128;
     return {clampToInt(low), clampToInt(2 * low)};
 }
-
-} // namespace
 
 int cAudioTwoThreshold::epdByVol2(const int* wave, int waveLen, int, int* endPoint, int) {
     constexpr int frameSize = 512;
@@ -47,7 +43,7 @@ int cAudioTwoThreshold::epdByVol2(const int* wave, int waveLen, int, int* endPoi
     const auto frameNum = static_cast<int>(volume.size());
     const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
     std::vector<int> on(volume.size());
-    markSound(volume.data(), frameNum, thresholdsBetween(*least, *most), on.data());
+    markSound(volume.data(), frameNum, endPointCurve::twoThresholds(*least, *most), on.data());
 
     int segNum = 0;
     const SegmentArray segments(segmentFind(on.data(), frameNum, &segNum));

@@ -1,0 +1,111 @@
+// The host's arrays, read and checked. Each reader takes what its name says or reports, through the host, the
+// command, the argument in capitals and what it must be: "wave2pitch: FS must be a positive whole number".
+// Nothing unchecked comes out: numbers are finite, arrays real, full and of two dimensions.
+#pragma once
+
+#include <initializer_list>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "mex.h"
+
+inline constexpr int mostInt = std::numeric_limits<int>::max();
+
+/// Reports "COMMAND: RULE" through the host; does not return.
+[[noreturn]] void refuse(const std::string& command, const std::string& rule);
+
+/// An argument's name as messages have it.
+std::string upperCase(std::string text);
+
+/// A name of the host's and the number that it stands for.
+using Choice = std::pair<const char*, int>;
+
+class Argument {
+public:
+    Argument(const char* ofCommand, std::string itsName, const mxArray* value)
+        : command(ofCommand), name(std::move(itsName)), array(value) {}
+
+    /// Reports "COMMAND: NAME must be RULE" through the host; does not return.
+    [[noreturn]] void refuse(const std::string& rule) const;
+
+    /// A scalar of any numeric class.
+    double number(double least, double most) const;
+    /// A scalar above 0.
+    double positive() const;
+    /// A whole number.
+    int whole(int least, int most = mostInt) const;
+    /// Bits that samples are reduced to: 8 or 16.
+    int bitDepth() const;
+    /// A scalar that is 0 or 1, true or false.
+    bool flag() const;
+    /// One of the choices, by name in any case, or by number if numbersToo.
+    int choice(std::initializer_list<Choice> choices, bool numbersToo = false) const;
+    /// A row of characters.
+    std::string text() const;
+    /// The name of a file that can be read.
+    std::string file() const;
+
+    /// A row or column of numbers, at least one.
+    std::vector<double> vector() const;
+    /// Numbers of any shape, at least one, column after column.
+    std::vector<double> numbers() const;
+    size_t rows() const { return mxGetM(array); }
+    size_t columns() const { return mxGetN(array); }
+
+    /// A recording of one channel as integer samples of 8 or 16 bits. A vector of class double or single
+    /// holds samples from -1 to 1, which are multiplied by 2^(nbits - 1), rounded and kept below it; one of
+    /// an integer class of B bits, unsigned 8 bits around 128, holds the samples themselves, which are
+    /// divided by 2^(B - nbits) and truncated toward zero, or multiplied.
+    std::vector<int> samples(int nbits) const;
+    /// The integer samples of an integer class in their own scale; of any other class as samples does.
+    std::vector<int> ownSamples(int nbits) const;
+
+    /// A recording for operations on doubles: a floating class as it is, an integer class from -1 to 1.
+    std::vector<double> unitSamples() const;
+    /// The bits that samples of this class are best reduced to: 8 for a class of 8 bits, else 16.
+    int sampleBits() const { return bits() == 8 ? 8 : 16; }
+
+    mxClassID classID() const { return mxGetClassID(array); }
+    bool isFloating() const;
+    bool isSigned() const;
+    /// Bits of a sample of this class; 0 for floating point.
+    int bits() const;
+
+private:
+    void requireSampleClass() const;
+    bool isNumeric() const;
+    double scalar() const;
+    double element(size_t index) const;
+    std::vector<double> finiteElements(const std::string& rule) const;
+
+    const char* command;
+    std::string name;
+    const mxArray* array;
+};
+
+/// Name-value pairs at the end of a call.
+class Options {
+public:
+    Options(const char* ofCommand, const std::vector<const char*>& names, const mxArray* const* first,
+            int count);
+
+    bool has(const char* name) const { return find(name) != nullptr; }
+    /// A pair's value; of several pairs of one name, the last counts.
+    Argument operator[](const char* name) const;
+
+    int whole(const char* name, int otherwise, int least, int most = mostInt) const {
+        return has(name) ? (*this)[name].whole(least, most) : otherwise;
+    }
+    double number(const char* name, double otherwise, double least, double most) const {
+        return has(name) ? (*this)[name].number(least, most) : otherwise;
+    }
+    bool flag(const char* name, bool otherwise) const { return has(name) ? (*this)[name].flag() : otherwise; }
+
+private:
+    const mxArray* find(const char* name) const;
+
+    const char* command;
+    std::vector<std::pair<const char*, const mxArray*>> pairs;
+};

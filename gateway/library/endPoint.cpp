@@ -1,0 +1,264 @@
+// Frame features, end-point detectors and the volume check.
+
+#include "framing.hpp"
+
+#include "audio/audio.hpp"
+#include "audio/endPoint/wholeFrames.hpp"
+#include "utility/file/open.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// What a detector has found and seen. Segments are samples from 1, first and last by turns.
+struct Detection {
+    Framing framing;
+    std::vector<double> segments{};
+    std::vector<double> curve{};
+    std::vector<double> threshold{};
+
+    void addFrames(int first, int last) {
+        segments.insert(segments.end(), {framing.firstSample(first), framing.lastSample(last)});
+    }
+    void addSamples(double first, double last) {
+        if (first <= last) segments.insert(segments.end(), {first + 1, last + 1});
+    }
+};
+
+struct Recording {
+    const Call& call;
+    Argument input;
+    int fs;
+
+    Options options(std::vector<const char*> names) const { return call.options(3, names); }
+    int bitDepth(const Options& options) const {
+        return options.has("nbits") ? options["nbits"].bitDepth() : input.sampleBits();
+    }
+    Framing framing(int frameSize, int overlap) const {
+        return {fs, frameSize, overlap, static_cast<int>(input.rows() * input.columns())};
+    }
+};
+
+std::vector<double> asDoubles(const std::vector<int>& values) {
+    return {values.begin(), values.end()};
+}
+
+EPDPARAM readEpdParam(const Options& options, int fs) {
+    constexpr double mostSeconds = 1e6;
+    EPDPARAM param;
+    cAudio::epdParamSet(fs, param);
+    param.frameSize = options.whole("frameSize", std::max(1, param.frameSize), 1);
+    param.overlap = options.whole("overlap", 0, 0, param.frameSize - 1);
+    param.volRatio = options.whole("volRatio", param.volRatio, 1);
+    param.vhRatio = options.whole("vhRatio", param.vhRatio, 1);
+    param.diffOrder = options.whole("diffOrder", param.diffOrder, 1, 5);
+    const auto seconds = [&](const char* name, float& field) {
+        field = static_cast<float>(options.number(name, static_cast<double>(field), 0, mostSeconds));
+    };
+    seconds("minSegment", param.minSegment);
+    seconds("maxSilBetweenWord", param.maxSilBetweenWord);
+    seconds("minLastWordDuration", param.minLastWordDuration);
+    return param;
+}
+
+Detection byVolumeOrHod(const Recording& recording, bool hod) {
+    const Options options =
+        recording.options({"nbits", "frameSize", "overlap", hod ? "vhRatio" : "volRatio", "diffOrder",
+                           "minSegment", "maxSilBetweenWord", "minLastWordDuration"});
+    const std::vector<int> wave = recording.input.samples(recording.bitDepth(options));
+    const auto waveLen = static_cast<int>(wave.size());
+    const EPDPARAM param = readEpdParam(options, recording.fs);
+    Detection found{recording.framing(param.frameSize, param.overlap)};
+    int segNum = 0;
+    const auto detect = hod ? cAudio::epdByVolHod : cAudio::epdByVol;
+    const SegmentArray segments(detect(wave.data(), waveLen, recording.fs, param, &segNum));
+    std::for_each_n(segments.get(), segNum, [&](const SEGMENT& s) { found.addFrames(s.begin, s.end); });
+    const auto curveOf = hod ? endPointCurve::volumeAndAshod : endPointCurve::volume;
+    const std::vector<int> curve = curveOf(wave.data(), waveLen, param);
+    found.curve = asDoubles(curve);
+    if (!curve.empty())
+        found.threshold = {
+            static_cast<double>(endPointCurve::threshold(curve, hod ? param.vhRatio : param.volRatio))};
+    return found;
+}
+
+Detection byVolume(const Recording& recording) {
+    return byVolumeOrHod(recording, false);
+}
+
+Detection byVolumeAndAshod(const Recording& recording) {
+    return byVolumeOrHod(recording, true);
+}
+
+std::vector<int> volumeOf(const std::vector<int>& wave, const Framing& framing) {
+    std::vector<int> volume(static_cast<size_t>(framing.frameNum()));
+    wave2volume(wave.data(), framing.waveLen, framing.frameSize, framing.overlap, volume.data(), 1);
+    return volume;
+}
+
+Detection byTwoThresholds(const Recording& recording) {
+    const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
+    Detection found{recording.framing(512, 192)};
+    const std::vector<int> volume = volumeOf(wave, found.framing);
+    std::vector<int> frames(volume.size() + 1);
+    const int count = cAudio::epdByVol2(wave.data(), found.framing.waveLen, 0, frames.data(), 0);
+    for (size_t i = 0; i < static_cast<size_t>(count); i += 2) found.addFrames(frames[i], frames[i + 1]);
+    found.curve = asDoubles(volume);
+    if (volume.empty()) return found;
+    const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
+    const auto [low, high] = endPointCurve::twoThresholds(*least, *most);
+    found.threshold = {static_cast<double>(low), static_cast<double>(high)};
+    return found;
+}
+
+Detection byVolumeAndZcr(const Recording& recording) {
+    const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
+    Detection found{recording.framing(320, 240)};
+    int start = 0;
+    int end = 0;
+    cAudio::epdByVolZcr(wave.data(), found.framing.waveLen, 0, &start, &end);
+    found.addSamples(start, end);
+    found.curve = asDoubles(volumeOf(wave, found.framing));
+    if (found.curve.empty()) return found;
+    const double most = *std::max_element(found.curve.begin(), found.curve.end());
+    found.threshold = {0.0625 * most, 0.125 * most};
+    return found;
+}
+
+Detection byDecibels(const Recording& recording, bool sentence) {
+    const Options options =
+        recording.options(sentence ? std::vector<const char*>{} : std::vector<const char*>{"maxNum"});
+    std::vector<double> wave = recording.input.unitSamples();
+    Detection found{recording.framing(256, 86)};
+    const int waveLen = found.framing.waveLen;
+    if (sentence) {
+        int start = -1;
+        int end = -1;
+        cAudio::sentenceEndPointDetect(wave.data(), waveLen, recording.fs, &start, &end);
+        if (start >= 0) found.addSamples(start, end);
+    } else {
+        const int maxNum = options.whole("maxNum", 100, 1, 1000000);
+        std::vector<double> start(static_cast<size_t>(maxNum));
+        std::vector<double> end(start.size());
+        const int count =
+            cAudio::charEndPointDetect(wave.data(), waveLen, recording.fs, start.data(), end.data(), maxNum);
+        for (size_t i = 0; i < static_cast<size_t>(count); ++i) found.addSamples(start[i], end[i]);
+    }
+    found.curve = endPointCurve::decibels(wave.data(), waveLen);
+    if (found.curve.empty()) return found;
+    const double most = *std::max_element(found.curve.begin(), found.curve.end());
+    found.threshold = {most - 30, most - 20};
+    return found;
+}
+
+Detection byCharacters(const Recording& recording) {
+    return byDecibels(recording, false);
+}
+
+Detection bySentence(const Recording& recording) {
+    return byDecibels(recording, true);
+}
+
+/// Sums of absolute deviations from each frame's mean; the threshold does not look at the first 0.2 s.
+Detection byHandset(const Recording& recording) {
+    const int nbits = recording.bitDepth(recording.options({"nbits"}));
+    std::vector<double> wave = recording.input.unitSamples();
+    Detection found{recording.framing(256, 128)};
+    double frames[2] = {1e9, -1e9}; // where nothing is marked, the first sample comes out behind the last
+    cAudio::endPointDetect4quokka(wave.data(), found.framing.waveLen, recording.fs, nbits, frames);
+    found.addSamples(frames[0], frames[1]);
+    found.curve.resize(static_cast<size_t>(found.framing.frameNum()));
+    featurePerFrame(wave.data(), found.framing.waveLen, 256, 128, found.curve.data(),
+                    [](const double* frame) {
+                        double mean = 0;
+                        for (int i = 0; i < 256; ++i) mean += frame[i] / 256;
+                        double sum = 0;
+                        for (int i = 0; i < 256; ++i) sum += std::fabs(frame[i] - mean);
+                        return sum;
+                    });
+    const double silent = std::max(0.0, std::floor((0.2 * recording.fs - 128) / 128) - 1);
+    if (silent < static_cast<double>(found.curve.size())) {
+        const auto heard = found.curve.begin() + static_cast<std::ptrdiff_t>(silent);
+        found.threshold = {0.15 * *std::max_element(heard, found.curve.end())};
+    }
+    return found;
+}
+
+mxArray* segmentRows(const Call& call, const std::vector<double>& segments, int waveLen) {
+    const size_t count = segments.size() / 2;
+    mxArray* array = matrix(call, static_cast<double>(count), 2);
+    for (size_t i = 0; i < segments.size(); ++i)
+        mxGetPr(array)[i % 2 * count + i / 2] = std::clamp(segments[i], 1.0, static_cast<double>(waveLen));
+    return array;
+}
+
+/// A feature of frames, written by the library: compute (wave, framing, values).
+template <typename Compute>
+void giveFeature(Call& call, const Options& options, Compute compute) {
+    const Argument input = call.input(0, "WAVE");
+    const int fs = call.input(1, "FS").whole(1);
+    const int nbits = options.has("nbits") ? options["nbits"].bitDepth() : input.sampleBits();
+    const std::vector<int> wave = input.samples(nbits);
+    const Framing framing = readFraming(options, fs, static_cast<int>(wave.size()));
+    std::vector<int> values(static_cast<size_t>(framing.frameNum()));
+    compute(wave.data(), framing, values.data());
+    call.give(0, row(values));
+    if (call.wants(1)) call.give(1, framing.time());
+}
+
+} // namespace
+
+void endPointsCommand(Call& call) {
+    static constexpr Detection (*detectors[])(const Recording&) = {
+        byVolume, byVolumeAndAshod, byTwoThresholds, byVolumeAndZcr, byCharacters, bySentence, byHandset};
+    const Argument input = call.input(0, "WAVE");
+    input.vector();
+    const int fs = call.input(1, "FS").whole(1);
+    const int method = call.has(2) ? call.input(2, "METHOD")
+                                         .choice({{"volume", 0},
+                                                  {"volumeHod", 1},
+                                                  {"twoThreshold", 2},
+                                                  {"volumeZcr", 3},
+                                                  {"character", 4},
+                                                  {"sentence", 5},
+                                                  {"handset", 6}})
+                                   : 0;
+    const Detection found = detectors[method]({call, input, fs});
+    call.give(0, segmentRows(call, found.segments, found.framing.waveLen));
+    if (call.wants(1)) call.give(1, row(found.curve));
+    if (call.wants(2)) call.give(2, row(found.threshold));
+    if (call.wants(3)) call.give(3, found.framing.time());
+}
+
+void wave2volumeCommand(Call& call) {
+    const Options options = call.options(2, {"frameSize", "overlap", "nbits", "method"});
+    const int method = options.whole("method", 1, 1, 3);
+    giveFeature(call, options, [=](const int* wave, const Framing& f, int* volume) {
+        wave2volume(wave, f.waveLen, f.frameSize, f.overlap, volume, method);
+    });
+}
+
+void wave2zcrCommand(Call& call) {
+    const Options options = call.options(2, {"frameSize", "overlap", "nbits"});
+    giveFeature(call, options, [](const int* wave, const Framing& f, int* zcr) {
+        cAudio::wave2zcr(wave, f.waveLen, f.frameSize, f.overlap, zcr);
+    });
+}
+
+void wave2ashodCommand(Call& call) {
+    const Options options = call.options(2, {"frameSize", "overlap", "nbits", "order"});
+    const int order = options.whole("order", 4, 1, 5);
+    giveFeature(call, options, [=](const int* wave, const Framing& f, int* ashod) {
+        cAudio::wave2ashod(wave, f.waveLen, f.frameSize, f.overlap, ashod, order);
+    });
+}
+
+void waveVolumeCheckCommand(Call& call) {
+    static constexpr const char* meanings[] = {"fit", "too quiet", "too noisy", "clipped"};
+    const std::vector<int> wave = call.input(0, "WAVE").samples(16);
+    const std::string file = call.has(1) ? call.input(1, "PARAMFILE").file() : "";
+    const int code = cAudio::waveVolumeCheck(wave.data(), static_cast<int>(wave.size()), file.c_str());
+    call.give(0, scalar(code));
+    if (call.wants(1)) call.give(1, mxCreateString(meanings[code]));
+}

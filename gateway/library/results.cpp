@@ -1,0 +1,68 @@
+#include "results.hpp"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+int sizeOf(const std::vector<int>& values) {
+    return static_cast<int>(values.size());
+}
+
+template <typename T>
+void fill(mxArray* array, const std::vector<int>& samples) {
+    constexpr int offset = std::numeric_limits<T>::is_signed ? 0 : 128;
+    constexpr std::int64_t least = std::numeric_limits<T>::min();
+    constexpr std::int64_t most = std::numeric_limits<T>::max();
+    auto* out = static_cast<T*>(mxGetData(array));
+    for (const int sample : samples)
+        *out++ = static_cast<T>(std::clamp(std::int64_t{sample} + offset, least, most));
+}
+
+} // namespace
+
+mxArray* matrix(const Call& call, double rows, double columns) {
+    if (rows * columns > mostInt || rows > mostInt || columns > mostInt)
+        call.refuse("the result would have more than 2147483647 elements");
+    return mxCreateDoubleMatrix(static_cast<int>(rows), static_cast<int>(columns), mxREAL);
+}
+
+mxArray* scalar(double value) {
+    mxArray* array = mxCreateDoubleMatrix(1, 1, mxREAL);
+    *mxGetPr(array) = value;
+    return array;
+}
+
+mxArray* likeVector(const Argument& shape, const std::vector<double>& values) {
+    const bool isRow = shape.rows() == 1;
+    const auto count = static_cast<int>(values.size());
+    mxArray* array = mxCreateDoubleMatrix(isRow ? 1 : count, isRow ? count : 1, mxREAL);
+    std::copy(values.begin(), values.end(), mxGetPr(array));
+    return array;
+}
+
+mxArray* likeSamples(const Argument& shape, const std::vector<int>& samples, int nbits) {
+    if (shape.isFloating()) {
+        std::vector<double> values(samples.size());
+        std::transform(samples.begin(), samples.end(), values.begin(),
+                       [=](int sample) { return static_cast<double>(sample) / (1 << (nbits - 1)); });
+        return likeVector(shape, values);
+    }
+    const bool isRow = shape.rows() == 1;
+    mxArray* array = mxCreateNumericMatrix(isRow ? 1 : sizeOf(samples), isRow ? sizeOf(samples) : 1,
+                                           shape.classID(), mxREAL);
+    switch (shape.bits()) {
+    case 8:
+        if (shape.isSigned())
+            fill<std::int8_t>(array, samples);
+        else
+            fill<std::uint8_t>(array, samples);
+        break;
+    case 16:
+        fill<std::int16_t>(array, samples);
+        break;
+    default:
+        fill<std::int32_t>(array, samples);
+    }
+    return array;
+}

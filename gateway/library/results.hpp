@@ -1,0 +1,27 @@
+// The host's arrays, made of what the library has computed. Sizes are checked before the host is asked.
+#pragma once
+
+#include "command.hpp"
+
+#include <vector>
+
+/// A rows x columns matrix of zeros; refuses one that the host's 32-bit dimensions do not hold.
+mxArray* matrix(const Call& call, double rows, double columns);
+
+/// One value for each frame, or any other list: 1 x n. Each element is converted to double and shifted.
+template <typename T>
+mxArray* row(const std::vector<T>& values, double shift = 0) {
+    mxArray* array = mxCreateDoubleMatrix(1, static_cast<int>(values.size()), mxREAL);
+    double* out = mxGetPr(array);
+    for (const T& value : values) *out++ = static_cast<double>(value) + shift;
+    return array;
+}
+
+mxArray* scalar(double value);
+
+/// A vector of the shape of an input, a row or a column.
+mxArray* likeVector(const Argument& shape, const std::vector<double>& values);
+
+/// Samples in the class of an input, saturated, a row or a column as it is; unsigned 8 bits around 128.
+/// Samples for an input of floating point are divided by 2^(nbits - 1).
+mxArray* likeSamples(const Argument& shape, const std::vector<int>& samples, int nbits);

@@ -1,0 +1,100 @@
+// Matching of sequences, and set cover.
+
+#include "results.hpp"
+
+#include "utility/scaling/linearScaling.hpp"
+#include "utility/scaling/scaleGrid.hpp"
+#include "utility/scaling/shiftDistance.hpp"
+#include "utility/setCover/setCover.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+struct Scales {
+    double lowerRatio;
+    double upperRatio;
+    int resolution;
+    int distanceType;
+};
+
+Scales readScales(const Call& call, const Options& options) {
+    constexpr double mostRatio = 1000;
+    const Scales scales{options.number("lowerRatio", 0.5, 0, mostRatio),
+                        options.number("upperRatio", 2, 0, mostRatio), options.whole("resolution", 51, 1),
+                        options.whole("distanceType", 1, 1, 2)};
+    if (!(scales.lowerRatio > 0)) options["lowerRatio"].refuse("above 0");
+    if (scales.upperRatio < scales.lowerRatio) call.refuse("UPPERRATIO must be at least LOWERRATIO");
+    return scales;
+}
+
+} // namespace
+
+void linearScalingCommand(Call& call) {
+    const std::vector<double> query = call.input(0, "QUERY").vector();
+    const std::vector<double> reference = call.input(1, "REFERENCE").vector();
+    const Options options =
+        call.options(2, {"lowerRatio", "upperRatio", "resolution", "distanceType", "shift"});
+    const auto [lower, upper, resolution, type] = readScales(call, options);
+    const auto queryLen = static_cast<int>(query.size());
+    const auto referenceLen = static_cast<int>(reference.size());
+    const auto count = static_cast<size_t>(resolution);
+
+    std::vector<double> distance(count, noMatchDistance);
+    std::vector<double> shift(count, notANumber);
+    std::vector<double> scaled(reference.size());
+    std::vector<double> difference(reference.size());
+    int best = 0;
+    double least = 0;
+    if (options.flag("shift", true)) {
+        least = linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper,
+                              resolution, type, distance.data(), shift.data(), scaled.data(),
+                              difference.data(), best, infinity);
+    } else {
+        least = linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper,
+                              resolution, type, distance.data(), scaled.data(), best);
+    }
+    const bool found = least < noMatchDistance;
+    std::replace(distance.begin(), distance.end(), noMatchDistance, infinity);
+    call.give(0, scalar(found ? least : infinity));
+    if (call.wants(1)) call.give(1, scalar(found ? scaleRatio(lower, upper, resolution, best) : notANumber));
+    if (call.wants(2)) call.give(2, row(distance));
+    if (call.wants(3)) call.give(3, row(shift));
+}
+
+void lrShiftDistCommand(Call& call) {
+    const std::vector<double> vec1 = call.input(0, "VEC1").vector();
+    const std::vector<double> vec2 = call.input(1, "VEC2").vector();
+    const int distanceType = call.has(2) ? call.input(2, "DISTANCETYPE").whole(1, 2) : 1;
+    double shift = 0;
+    int position = -1;
+    const double distance = lrShiftDist(vec1.data(), static_cast<int>(vec1.size()), vec2.data(),
+                                        static_cast<int>(vec2.size()), distanceType, shift, position);
+    const bool found = position >= 0;
+    call.give(0, scalar(found ? distance : infinity));
+    if (call.wants(1)) call.give(1, scalar(position + 1));
+    if (call.wants(2)) call.give(2, scalar(found ? shift : notANumber));
+}
+
+void setCoverCommand(Call& call) {
+    const Argument input = call.input(0, "SETS");
+    std::vector<double> sets = input.numbers();
+    const auto isElement = [](double x) { return x >= 0 && x <= mostInt && x == std::floor(x); };
+    if (!std::all_of(sets.begin(), sets.end(), isElement))
+        input.refuse("a matrix of element numbers, whole and from 1, and of zeros for no element");
+    const auto rowNum = static_cast<int>(input.rows());
+    const int most = call.has(1) ? call.input(1, "MAXSETNUM").whole(1) : rowNum;
+    const int maxSetNum = std::min(most, rowNum);
+    std::vector<int> chosen(static_cast<size_t>(maxSetNum));
+    std::vector<double> coverage(chosen.size());
+    const auto count = static_cast<size_t>(setCover(sets.data(), rowNum, static_cast<int>(input.columns()),
+                                                    maxSetNum, chosen.data(), coverage.data()));
+    chosen.resize(count);
+    coverage.resize(count);
+    call.give(0, row(chosen, 1));
+    if (call.wants(1)) call.give(1, row(coverage));
+}

@@ -1,0 +1,133 @@
+// Filter, echo and resampling; sound of pitch and notes.
+
+#include "results.hpp"
+
+#include "audio/audio.hpp"
+#include "utility/rounding.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <numeric>
+
+namespace {
+
+constexpr double mostNumber = 1e15;
+
+/// A length in samples or values that a result can have.
+int lengthOf(const Call& call, double length) {
+    if (!(length < mostInt)) call.refuse("the result would have more than 2147483646 elements");
+    return static_cast<int>(length);
+}
+
+struct Notes {
+    std::vector<double> pitch;
+    std::vector<double> duration;
+
+    double total() const { return std::accumulate(duration.begin(), duration.end(), 0.0); }
+};
+
+Notes readNotes(const Call& call) {
+    Notes notes{call.input(0, "PITCH").vector(), call.input(1, "DURATION").vector()};
+    if (notes.duration.size() != notes.pitch.size())
+        call.refuse("DURATION must have as many elements as PITCH");
+    if (*std::min_element(notes.duration.begin(), notes.duration.end()) < 0)
+        call.refuse("DURATION must not be negative");
+    return notes;
+}
+
+mxArray* mapped(Call& call, const char* name, float (*function)(float)) {
+    const Argument input = call.input(0, name);
+    const std::vector<double> values = input.numbers();
+    mxArray* out = matrix(call, static_cast<double>(input.rows()), static_cast<double>(input.columns()));
+    std::transform(values.begin(), values.end(), mxGetPr(out), [=](double value) {
+        return static_cast<double>(function(static_cast<float>(std::clamp(value, -1e30, 1e30))));
+    });
+    return out;
+}
+
+} // namespace
+
+void waveFilterCommand(Call& call) {
+    const std::vector<double> b = call.input(0, "B").vector();
+    const std::vector<double> a = call.input(1, "A").vector();
+    if (a.front() != 1) call.input(1, "A").refuse("a vector that begins with 1");
+    const Argument input = call.input(2, "WAVE");
+    std::vector<double> wave = input.unitSamples();
+    cAudio::filter(b.data(), static_cast<int>(b.size()), a.data(), static_cast<int>(a.size()), wave.data(),
+                   static_cast<int>(wave.size()));
+    call.give(0, likeVector(input, wave));
+}
+
+void waveEchoCommand(Call& call) {
+    const Argument input = call.input(0, "WAVE");
+    const int fs = call.input(1, "FS").whole(1);
+    const double delay = call.input(2, "DELAY").number(0, mostNumber);
+    const double gain = call.input(3, "GAIN").number(-mostNumber, mostNumber);
+    if (input.isFloating()) {
+        const std::vector<double> wave = input.vector();
+        std::vector<double> out(wave.size());
+        cAudio::waveEcho(wave.data(), static_cast<int>(wave.size()), fs, delay, gain, out.data());
+        call.give(0, likeVector(input, out));
+    } else {
+        const std::vector<int> wave = input.ownSamples(16);
+        std::vector<int> out(wave.size());
+        cAudio::waveEcho(wave.data(), static_cast<int>(wave.size()), fs, delay, gain, out.data());
+        call.give(0, likeSamples(input, out, 16));
+    }
+}
+
+void waveResampleCommand(Call& call) {
+    const Argument input = call.input(0, "WAVE");
+    const int oldFs = call.input(1, "OLDFS").whole(1);
+    const int newFs = call.input(2, "NEWFS").whole(1);
+    const int nbits = call.has(3) ? call.input(3, "NBITS").bitDepth() : 16;
+    const std::vector<int> wave = input.ownSamples(nbits);
+    const std::int64_t last = (static_cast<std::int64_t>(wave.size()) - 1) * newFs / oldFs;
+    std::vector<int> out(static_cast<size_t>(lengthOf(call, static_cast<double>(last) + 1)));
+    cAudio::waveResample(wave.data(), static_cast<int>(wave.size()), oldFs, newFs, out.data(),
+                         static_cast<int>(out.size()));
+    call.give(0, likeSamples(input, out, nbits));
+}
+
+void pitch2waveCommand(Call& call) {
+    const Argument input = call.input(0, "PITCH");
+    const std::vector<double> pitch = input.vector();
+    const double pitchRate = call.input(1, "PITCHRATE").positive();
+    const int fs = call.input(2, "FS").whole(1);
+    const double duration = call.has(3) ? call.input(3, "DURATION").number(0, mostNumber)
+                                        : static_cast<double>(pitch.size()) / pitchRate;
+    std::vector<double> wave(static_cast<size_t>(lengthOf(call, std::round(duration * fs))));
+    cAudio::pitch2wave(pitch.data(), static_cast<int>(pitch.size()), pitchRate, fs, wave.data(),
+                       static_cast<int>(wave.size()));
+    call.give(0, likeVector(input, wave));
+}
+
+void note2waveCommand(Call& call) {
+    const Notes notes = readNotes(call);
+    const int fs = call.input(2, "FS").whole(1);
+    std::vector<double> wave(static_cast<size_t>(lengthOf(call, std::floor(notes.total() * fs))));
+    cAudio::note2wave(notes.pitch.data(), static_cast<int>(notes.pitch.size()), notes.duration.data(), fs,
+                      wave.data(), static_cast<int>(wave.size()));
+    call.give(0, likeVector(call.input(0, "PITCH"), wave));
+}
+
+void note2pvCommand(Call& call) {
+    const Notes notes = readNotes(call);
+    const double timeStep = call.input(2, "TIMESTEP").positive();
+    std::vector<double> pairs;
+    for (size_t i = 0; i < notes.pitch.size(); ++i)
+        pairs.insert(pairs.end(), {notes.pitch[i], notes.duration[i]});
+    std::vector<double> pitch(static_cast<size_t>(lengthOf(call, std::round(notes.total() / timeStep))));
+    cAudio::note2pv(pairs.data(), lengthOf(call, static_cast<double>(pairs.size())), timeStep, pitch.data(),
+                    static_cast<int>(pitch.size()));
+    call.give(0, row(pitch));
+}
+
+void pitch2freqCommand(Call& call) {
+    call.give(0, mapped(call, "PITCH", cAudio::pitch2freq));
+}
+
+void freq2pitchCommand(Call& call) {
+    call.give(0, mapped(call, "FREQUENCY", cAudio::freq2pitch));
+}

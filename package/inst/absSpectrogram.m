@@ -1,0 +1,48 @@
+% absSpectrogram  Magnitude spectrum of each frame
+%
+%   [MAGNITUDE, FREQUENCY, TIME] = absSpectrogram (WAVE, FS, NAME, VALUE, ...)
+%
+% Without an output, draws it in dB.
+%
+% Inputs
+%   WAVE       recording of one channel, a row or a column: class double or single with samples from -1 to 1,
+%              as audioread gives them; or int8, uint8 (around 128), int16 or int32.
+%              Integer samples become -1 to 1.
+%   FS         sample rate in Hz, a positive whole number.
+%
+% Options, in any case
+%   frameSize  samples per frame, at least 2; default 32 ms.
+%   overlap    samples that consecutive frames share, 0 to frameSize - 1; default frameSize / 2, truncated.
+%   paddedSize size of the transform, a power of 2 from frameSize to 2^24; default the next one.
+%   hamming    true, the default, multiplies each frame by the Hamming window.
+%
+% Outputs
+%   MAGNITUDE  (paddedSize / 2 + 1) x frames: column = frame, unscaled.
+%   FREQUENCY  (paddedSize / 2 + 1) x 1: of the rows, 0 to FS / 2 in Hz.
+%   TIME       1 x frames: centres of the frames in seconds.
+%
+% Example
+%   fs = 8000;
+%   wave = [zeros(1, 4000), note2wave([60 64 67], [0.4 0.4 0.4], fs), zeros(1, 4000)];
+%   absSpectrogram (wave, fs, "frameSize", 512, "overlap", 384)
+%
+% See also: uvCut, wave2frames
+
+function varargout = absSpectrogram (varargin)
+  out = cell (1, outputCount (nargout, 3));
+  [out{:}] = wavepitchLibrary ("absSpectrogram", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawSpectrogram (out{:});
+  end
+end
+
+%!test  # the transform of the frames
+%! wave = sin ((1:100) / 3);
+%! [magnitude, frequency, time] = absSpectrogram (wave, 8000, "frameSize", 32, "hamming", false);
+%! want = abs (fft (wave2frames (wave, 8000, "frameSize", 32)))(1:17,:);
+%! assert (magnitude, want, 1e-5);
+%! assert (frequency, (0:16)' * 250);
+%! assert (columns (time), columns (magnitude));
+%!error <absSpectrogram: PADDEDSIZE must be a power of 2> absSpectrogram (0, 8000, "paddedSize", 300)

@@ -1,0 +1,30 @@
+% note2pv  List of notes as a pitch vector
+%
+%   PV = note2pv (PITCH, DURATION, TIMESTEP)
+%
+% Says on the console at what time each note ends.
+%
+% Inputs
+%   PITCH      row or column: semitones of each note; 0 is a rest.
+%   DURATION   as many elements: seconds, at least 0.
+%   TIMESTEP   seconds from value to value, a positive number.
+%
+% Output
+%   PV         1 x round (sum (DURATION) / TIMESTEP): semitones.
+%
+% Example
+%   pv = note2pv ([60 64], [0.2 0.1], 0.05)
+%
+% See also: note2wave, pitch2wave
+
+function varargout = note2pv (varargin)
+  varargout = cell (1, max (nargout, 1));
+  [varargout{:}] = wavepitchLibrary ("note2pv", varargin{:});
+end
+
+%!test
+%! console = evalc ("pv = note2pv ([60; 64], [0.2; 0.1], 0.05);");
+%! assert (size (pv), [1, 6]);
+%! assert (unique (pv), [60, 64]);
+%! assert (numel (strfind (console, "noteCumulatedTime=")), 2);
+%!error <note2pv: TIMESTEP must be a positive number> note2pv (60, 1, 0)

@@ -1,0 +1,27 @@
+% note2wave  Sound of a list of notes
+%
+%   WAVE = note2wave (PITCH, DURATION, FS)
+%
+% Inputs
+%   PITCH      row or column: semitones (69 is 440 Hz) of each note; 0 is a rest.
+%   DURATION   as many elements: seconds, at least 0.
+%   FS         sample rate in Hz, a positive whole number.
+%
+% Output
+%   WAVE       fix (sum (DURATION) * FS) samples from -0.8 to 0.8, a row or a column as PITCH.
+%
+% Example
+%   wave = note2wave ([60 64 67 72], [0.3 0.3 0.3 0.6], 8000);
+%
+% See also: note2pv, pitch2wave
+
+function varargout = note2wave (varargin)
+  varargout = cell (1, max (nargout, 1));
+  [varargout{:}] = wavepitchLibrary ("note2wave", varargin{:});
+end
+
+%!test
+%! wave = note2wave ([69, 0], [0.5, 0.25], 8800);
+%! assert (size (wave), [1, 6600]);
+%! assert (wave(1:4400), 0.8 * sin (2 * pi * (0:4399) / 20), 1e-9);
+%!error <note2wave: DURATION must have as many elements as PITCH> note2wave ([60 61], 1, 8000)

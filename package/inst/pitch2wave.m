@@ -1,0 +1,32 @@
+% pitch2wave  Sound of a pitch vector
+%
+%   WAVE = pitch2wave (PITCH, PITCHRATE, FS, DURATION)
+%
+% Sines of amplitude 0.8, period by period.
+%
+% Inputs
+%   PITCH      row or column: semitones (69 is 440 Hz) of each frame; 0 is a rest.
+%   PITCHRATE  frames per second, a positive number.
+%   FS         sample rate in Hz, a positive whole number.
+%   DURATION   seconds, at least 0; default numel (PITCH) / PITCHRATE.
+%
+% Output
+%   WAVE       samples from -0.8 to 0.8, a row or a column as PITCH.
+%
+% Example
+%   wave = pitch2wave ([60 62 64 65 67], 4, 8000);
+%
+% See also: wave2pitch, note2wave, pitch2freq
+
+function varargout = pitch2wave (varargin)
+  varargout = cell (1, max (nargout, 1));
+  [varargout{:}] = wavepitchLibrary ("pitch2wave", varargin{:});
+end
+
+%!test
+%! wave = pitch2wave ([69; 0], 2, 8800);
+%! assert (size (wave), [8800, 1]);
+%! assert (wave(1:4400), 0.8 * sin (2 * pi * (0:4399)' / 20), 1e-9);
+%! assert (wave(4421:end), zeros (4380, 1));
+%!assert (size (pitch2wave (60, 1, 8000, 0.5)), [1, 4000])
+%!error <pitch2wave: PITCHRATE must be a positive number> pitch2wave (60, 0, 8000)

@@ -1,0 +1,11 @@
+% Magnitudes in dB, the loudest 80 of them.
+function drawSpectrogram (magnitude, frequency, time)
+  dB = 20 * log10 (max (magnitude, realmin));
+  top = max ([dB(:); 0]);
+  imagesc (time, frequency / 1000, dB, top - [80, 0]);
+  axis xy
+  xlabel ("Time (s)");
+  ylabel ("Frequency (kHz)");
+  handle = colorbar ();
+  ylabel (handle, "Magnitude (dB)");
+end

@@ -1,0 +1,8 @@
+% The spectrogram with the cut as a line.
+function drawUvCut (wave, fs, cut)
+  [out{1:3}] = wavepitchLibrary ("absSpectrogram", wave, fs);
+  drawSpectrogram (out{:});
+  hold on
+  plot ([cut, cut], [0, fs / 2000], "w--", "linewidth", 2);
+  hold off
+end

@@ -1,0 +1,44 @@
+% wave2ashod  Absolute sum of high-order differences of each frame
+%
+%   [ASHOD, TIME] = wave2ashod (WAVE, FS, NAME, VALUE, ...)
+%
+% Grows with the high frequencies of a frame, and so shows unvoiced sounds.  Without an output, draws the waveform
+% and the curve.
+%
+% Inputs
+%   WAVE       recording of one channel, a row or a column: class double or single with samples from -1 to 1,
+%              as audioread gives them; or int8, uint8 (around 128), int16 or int32.
+%              They become integers of NBITS bits: samples of -1 to 1 are multiplied by 2^(NBITS - 1),
+%              rounded and kept below it; integers are divided by a power of 2, truncated, or multiplied.
+%   FS         sample rate in Hz, a positive whole number.
+%
+% Options, in any case
+%   frameSize  samples per frame, at least 2; default 32 ms.
+%   overlap    samples that consecutive frames share, 0 to frameSize - 1; default frameSize / 2, truncated.
+%   nbits      8 or 16; default 16, and 8 for classes of 8 bits.
+%   order      order of the differences, 1 to 5; default 4.
+%
+% Outputs
+%   ASHOD      1 x frames.
+%   TIME       1 x frames: centres of the frames in seconds.
+%
+% Example
+%   fs = 8000;
+%   wave = [zeros(1, 4000), note2wave([60 64 67], [0.4 0.4 0.4], fs), zeros(1, 4000)];
+%   wave2ashod (wave, fs)
+%
+% See also: wave2volume, endPoints
+
+function varargout = wave2ashod (varargin)
+  out = cell (1, outputCount (nargout, 2));
+  [out{:}] = wavepitchLibrary ("wave2ashod", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawCurve (varargin{1:2}, out{[2 1]}, "ASHOD");
+  end
+end
+
+%!assert (wave2ashod (int16 ([0 1 3 6]), 8000, "frameSize", 4, "order", 1), 6)
+%!assert (wave2ashod (int16 ([0 1 3 6]), 8000, "frameSize", 4, "order", 3), 0)
+%!error <wave2ashod: ORDER must be a whole number from 1 to 5> wave2ashod ([0 0], 8000, "order", 0)

@@ -1,0 +1,32 @@
+% wave2frames  Frames of a recording as columns
+%
+%   [FRAMES, TIME] = wave2frames (WAVE, FS, NAME, VALUE, ...)
+%
+% Inputs
+%   WAVE       row or column of finite numbers of any scale.
+%   FS         sample rate in Hz, a positive whole number.
+%
+% Options, in any case
+%   frameSize  samples per frame, at least 2; default 32 ms.
+%   overlap    samples that consecutive frames share, 0 to frameSize - 1; default frameSize / 2, truncated.
+%
+% Outputs
+%   FRAMES     frameSize x frames, double: column = frame; whole frames only.
+%   TIME       1 x frames: centres of the frames in seconds.
+%
+% Example
+%   frames = wave2frames (1:10, 8000, "frameSize", 4, "overlap", 2)
+%
+% See also: wave2volume, absSpectrogram
+
+function varargout = wave2frames (varargin)
+  varargout = cell (1, max (nargout, 1));
+  [varargout{:}] = wavepitchLibrary ("wave2frames", varargin{:});
+end
+
+%!test
+%! [frames, time] = wave2frames (1:7, 100, "frameSize", 4, "overlap", 2);
+%! assert (frames, [1 3; 2 4; 3 5; 4 6]);
+%! assert (time, [0.02, 0.04]);
+%!assert (size (wave2frames (1:3, 100, "frameSize", 4)), [4, 0])
+%!error <wave2frames: FRAMESIZE must be a whole number of at least 2> wave2frames (1:3, 8000, "frameSize", 0)

@@ -1,0 +1,91 @@
+% wave2pitch  Pitch of a recording, frame by frame
+%
+%   [PITCH, TIME, CLARITY, PFMAT, PARAM] = wave2pitch (WAVE, FS, NAME, VALUE, ...)
+%
+% Tracks the pitch by dynamic programming over the pitch function (ACF or AMDF) of each frame.  Without an
+% output, draws the waveform and the pitch over the pitch-function matrix.
+%
+% Inputs
+%   WAVE       recording of one channel, a row or a column: class double or single with samples from -1 to 1,
+%              as audioread gives them; or int8, uint8 (around 128), int16 or int32.
+%              They become integers of NBITS bits: samples of -1 to 1 are multiplied by 2^(NBITS - 1),
+%              rounded and kept below it; integers are divided by a power of 2, truncated, or multiplied.
+%   FS         sample rate in Hz, a positive whole number.
+%
+% Options, in any case
+%   pfType     "acf" (1), the default, or "amdf" (0): the pitch function.
+%   frameRate  frames per second, 0.001 to FS; the frames then last 32 ms.  Without it, frames follow each
+%              other without overlap in 32 ms, and at 16 kHz last 40 ms, one each 10 ms.
+%   nbits      8 or 16; default 16, and 8 for classes of 8 bits.
+%   paramFile  a file of lines FIELD=VALUE, applied over the defaults and under the other options.
+%   unit       "semitone", the default (69 is 440 Hz, 12 double the frequency), or "Hz".
+%   minPitch, maxPitch    range of the search in semitones, -200 to 200; default 30 and 84.
+%   frameSize, overlap    samples per frame (at least 2), and shared by consecutive frames (below frameSize).
+%   pfLen      lags of the pitch function, 2 to frameSize; default frameSize / 2.
+%   useVolThreshold       no pitch outside the sound that endPoints (..., "volume") finds; default 1.
+%   useClarityThreshold   no pitch in frames of low clarity; default 1.
+%   clarityRatio          what low is, as a fraction of the largest clarity, 0 to 1; default 0.6.
+%   useClarityWeight      weight each frame's pitch function by its clarity; default 1 for ACF, 0 for AMDF.
+%   medianFilterOrder     order of the median filter over the pitch, 3 or more to filter; default 5.
+%   cutLeadingTrailingZero  cut the frames without pitch at both ends from all results; default 0.
+%   dpMethod   distance of consecutive candidates: 1 in lags, 2 in tenths of a semitone, else none.
+%   dpPosDiffOrder        1: the distance counts as it is, else its square.
+%   dpUseLocalOptim       1: the candidates are the local extrema, else all lags.
+%   pfWeight, indexDiffWeight  weights of the pitch function and of the distance in the path.
+%   Defaults of the last five depend on pfType and FS; see ptParam.  The other fields of PARAM (ppcNum,
+%   pitchRangeMax, pitchDiffMax, maxMedianPitchDiff, maxAmdfLocalMinCount, minAmdfRange, halfOfFs,
+%   halfOfNbits) are taken too and have no effect here.
+%
+% Outputs
+%   PITCH      1 x frames: semitones or Hz; 0 where there is no pitch.
+%   TIME       1 x frames: centres of the frames in seconds.
+%   CLARITY    1 x frames: 0 to 1.
+%   PFMAT      pfLen x frames: column = frame, row k = lag of k - 1 samples; normalised to 2^20.
+%   PARAM      struct: the parameters used, minIndex and maxIndex being the lags searched.
+%
+% Example
+%   fs = 8000;
+%   [pitch, time] = wave2pitch (note2wave ([60 64 67], [0.4 0.4 0.4], fs), fs);
+%   plot (time, pitch, ".")
+%
+% See also: ptParam, wave2pv, pitch2wave, endPoints
+
+function varargout = wave2pitch (varargin)
+  out = cell (1, outputCount (nargout, 5));
+  [out{:}] = wavepitchLibrary ("wave2pitch", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawPitch (varargin{1:2}, any (strcmpi ("Hz", varargin)), out{:});
+  end
+end
+
+%!shared fs, wave
+%! fs = 16000;
+%! wave = pitch2wave ([57 * ones(1, 50), 64 * ones(1, 50)], 100, fs);
+%!test  # the melody that was synthesised is found again
+%! [pitch, time] = wave2pitch (wave, fs, "useVolThreshold", false);
+%! assert (max (abs (pitch(time > 0.1 & time < 0.4) - 57)) < 0.5);
+%! assert (max (abs (pitch(time > 0.6 & time < 0.9) - 64)) < 0.5);
+%!test  # a row, a column and 16-bit integers are the same recording
+%! pitch = wave2pitch (wave, fs, "PFTYPE", "amdf");
+%! assert (wave2pitch (wave', fs, "pfType", 0), pitch);
+%! assert (wave2pitch (int16 (wave * 32768), fs, "pfType", "AMDF"), pitch);
+%!test  # shapes and parameters
+%! [pitch, time, clarity, pfMat, param] = wave2pitch (wave, fs, "minPitch", 45, ...
+%!                                                  "pfLen", 200, "useClarityWeight", 0);
+%! assert (size (pfMat), [200, columns(pitch)]);
+%! assert (size_equal (pitch, time, clarity));
+%! assert ([param.minPitch, param.pfLen, param.maxPitch], [45, 200, 84]);
+%! assert (max (abs (pfMat(:))), 2^20, 1);
+%!test  # Hz
+%! assert (wave2pitch (wave, fs, "unit", "hz"), pitch2freq (wave2pitch (wave, fs)));
+%!test  # what is cut is cut everywhere
+%! silence = zeros (1, fs / 2);
+%! [pitch, time, ~, pfMat] = wave2pitch ([silence, wave, silence], fs, "cutLeadingTrailingZero", true);
+%! assert (pitch([1, end]) > 0);
+%! assert ([columns(time), columns(pfMat)], columns (pitch) * [1, 1]);
+%! assert (time(1), 0.5, 0.1);
+%!error <wave2pitch: FS must be a positive whole number> wave2pitch ([0 0], 1.5)
+%!error <wave2pitch: OVERLAP = 640 must be below FRAMESIZE = 640> wave2pitch ([0 0], 16000, "overlap", 640)
+%!error <wave2pitch: no option is named "foo"> wave2pitch ([0 0], 8000, "foo", 1)

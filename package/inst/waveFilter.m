@@ -1,0 +1,25 @@
+% waveFilter  Linear filter
+%
+%   OUT = waveFilter (B, A, WAVE)
+%
+% Inputs
+%   B, A       vectors of numerator and denominator coefficients, as for filter; A begins with 1.
+%   WAVE       row or column of samples of any scale; those of integer classes become -1 to 1.
+%
+% Output
+%   OUT        the filtered samples, a row or a column as WAVE.
+%
+% Example
+%   waveFilter ([1 -0.95], 1, [1 2 3])
+%
+% See also: filter, waveEcho
+
+function varargout = waveFilter (varargin)
+  varargout = cell (1, max (nargout, 1));
+  [varargout{:}] = wavepitchLibrary ("waveFilter", varargin{:});
+end
+
+%!test
+%! wave = sin (1:50)';
+%! assert (waveFilter ([1 2], [1 0.5 0.2], wave), filter ([1 2], [1 0.5 0.2], wave), 1e-12);
+%!error <waveFilter: A must be a vector that begins with 1> waveFilter (1, 2, 1:3)

@@ -1,0 +1,32 @@
+# The Octave package and the module behind it in the real host.
+add_executable(libraryReference package/reference.cpp)
+target_link_libraries(libraryReference PRIVATE wavepitch::audio wavepitch::standIn wavepitchWarnings)
+
+function(packageTest name)
+  if(NOT OCTAVE_CLI OR NOT MKOCTFILE)
+    add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "skipped: GNU Octave not found")
+    set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION skipped)
+    return()
+  endif()
+  add_test(NAME ${name} COMMAND ${OCTAVE_CLI} --norc --no-history --quiet ${ARGN})
+  if(CMAKE_CXX_FLAGS MATCHES fsanitize)
+    set_tests_properties(${name} PROPERTIES
+      ENVIRONMENT "LD_PRELOAD=${sanitizer};ASAN_OPTIONS=detect_leaks=0")
+  endif()
+  set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+endfunction()
+
+set(here ${CMAKE_CURRENT_SOURCE_DIR}/package)
+# The package's functions come before the module wave2pfMat, which shares its name with one of them.
+set(fromBuild --path ${PROJECT_SOURCE_DIR}/package/inst --path ${PROJECT_BINARY_DIR}/octave)
+packageTest(badInputTest ${fromBuild} ${here}/badInput.m)
+packageTest(sameBitsTest ${fromBuild} ${here}/sameBits.m $<TARGET_FILE:libraryReference>
+  ${PROJECT_SOURCE_DIR}/examples)
+packageTest(galleryTest ${fromBuild} ${PROJECT_SOURCE_DIR}/examples/gallery/gallery.m
+  ${PROJECT_BINARY_DIR}/gallery)
+
+# The package compiles its sources itself, so that one build is as good as another.
+if(NOT CMAKE_CXX_FLAGS MATCHES fsanitize)
+  packageTest(tarballTest ${here}/installed.m ${PROJECT_SOURCE_DIR}/package/makeTarball
+    ${PROJECT_BINARY_DIR}/package)
+endif()

@@ -1,0 +1,88 @@
+// reference WAVE DIR: what the library itself computes of a recording of 16-bit samples, each result a file
+// of doubles in DIR, without a module or a host.
+
+#include "audio/audio.hpp"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string directory;
+
+template <typename Values>
+void write(const std::string& name, const Values& values) {
+    std::ofstream file(directory + "/" + name, std::ios::binary);
+    for (const auto value : values) {
+        const auto number = static_cast<double>(value);
+        file.write(reinterpret_cast<const char*>(&number), sizeof number);
+    }
+}
+
+/// The samples behind the 44 bytes of a plain header.
+std::vector<short> read(const char* path, int& fs) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes.at(i)); };
+    fs = byte(24) + 256 * byte(25);
+    std::vector<short> wave;
+    for (std::size_t i = 44; i + 1 < bytes.size(); i += 2)
+        wave.push_back(static_cast<short>(static_cast<std::uint16_t>(byte(i) + 256 * byte(i + 1))));
+    return wave;
+}
+
+} // namespace
+
+int main(int, char** argv) {
+    int fs = 0;
+    const std::vector<short> recording = read(argv[1], fs);
+    directory = argv[2];
+    const std::vector<int> wave(recording.begin(), recording.end());
+    std::vector<double> unit(wave.begin(), wave.end());
+    for (double& sample : unit) sample /= 32768;
+    const auto waveLen = static_cast<int>(wave.size());
+
+    for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
+        PTPARAM param{};
+        cAudio::ptParamSet(&param, fs, 16, type, nullptr);
+        const auto frameNum =
+            static_cast<std::size_t>(cAudio::getFrameNum2(waveLen, param.frameSize, param.overlap));
+        std::vector<double> pitch(frameNum);
+        std::vector<double> clarity(frameNum);
+        std::vector<double> pfMat(frameNum * static_cast<std::size_t>(param.pfLen));
+        ptByDpOverPfOnce<double, int>(wave.data(), waveLen, param, pitch.data(), clarity.data(), pfMat.data(),
+                                      nullptr);
+        write("pitch" + std::to_string(type), pitch);
+        write("clarity" + std::to_string(type), clarity);
+        write("pfMat" + std::to_string(type), pfMat);
+    }
+    int* pv = nullptr;
+    int pvLen = 0;
+    cAudio::bGetPitch(recording, pv, pvLen, fs, 16);
+    write("pv", std::vector<int>(pv, pv + pvLen));
+    std::free(pv);
+
+    const auto frameNum = static_cast<std::size_t>(cAudio::getFrameNum2(waveLen, 256, 128));
+    std::vector<int> volume(frameNum);
+    wave2volume(wave.data(), waveLen, 256, 128, volume.data(), 1);
+    write("volume", volume);
+    std::vector<double> magnitude(frameNum * 129);
+    cAudio::absSpectrogram(unit.data(), waveLen, 256, 128, 256, 1, magnitude.data());
+    write("magnitude", magnitude);
+    std::vector<double> echo(unit.size());
+    cAudio::waveEcho(unit.data(), waveLen, fs, 0.1, 0.5, echo.data());
+    write("echo", echo);
+    EPDPARAM epdParam;
+    cAudio::epdParamSet(fs, epdParam);
+    int segNum = 0;
+    const SegmentArray segments(cAudio::epdByVolHod(wave.data(), waveLen, fs, epdParam, &segNum));
+    std::vector<int> samples;
+    for (const SEGMENT* s = segments.get(); s != segments.get() + segNum; ++s)
+        samples.insert(samples.end(), {s->begin * epdParam.frameSize + 1, (s->end + 1) * epdParam.frameSize});
+    write("segments", samples);
+}
