@@ -173,7 +173,7 @@ std::string Argument::text() const {
 }
 
 std::string Argument::file() const {
-    const std::string path = text();
+    std::string path = text();
     if (!std::ifstream(path)) refuse("the name of a file that can be read, \"" + path + "\" cannot");
     return path;
 }
@@ -210,7 +210,7 @@ void Argument::requireSampleClass() const {
 
 std::vector<int> Argument::samples(int nbits) const {
     const std::vector<double> wave = vector();
-    const int fullScale = 1 << (nbits - 1);
+    const int fullScale = truncateToInt(std::ldexp(1.0, nbits - 1));
     std::vector<int> result(wave.size());
     if (isFloating()) {
         for (size_t i = 0; i < wave.size(); ++i) {

@@ -31,7 +31,7 @@ struct Recording {
     Argument input;
     int fs;
 
-    Options options(std::vector<const char*> names) const { return call.options(3, names); }
+    Options options(const std::vector<const char*>& names) const { return call.options(3, names); }
     int bitDepth(const Options& options) const {
         return options.has("nbits") ? options["nbits"].bitDepth() : input.sampleBits();
     }

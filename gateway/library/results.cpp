@@ -12,8 +12,8 @@ int sizeOf(const std::vector<int>& values) {
 template <typename T>
 void fill(mxArray* array, const std::vector<int>& samples) {
     constexpr int offset = std::numeric_limits<T>::is_signed ? 0 : 128;
-    constexpr std::int64_t least = std::numeric_limits<T>::min();
-    constexpr std::int64_t most = std::numeric_limits<T>::max();
+    constexpr std::int64_t least{std::numeric_limits<T>::min()}; // NOLINT(bugprone-signed-char-misuse)
+    constexpr std::int64_t most{std::numeric_limits<T>::max()};
     auto* out = static_cast<T*>(mxGetData(array));
     for (const int sample : samples)
         *out++ = static_cast<T>(std::clamp(std::int64_t{sample} + offset, least, most));
