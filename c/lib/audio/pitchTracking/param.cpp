@@ -20,7 +20,7 @@ std::int64_t frameStep(const PTPARAM& ptParam) {
 /// 256 samples at 8 kHz and as long at other rates, rounded up to an even number.
 int frameSizeAt(int fs) {
     const std::int64_t product = std::int64_t{fs} * 256;
-    const int size = truncateToInt(std::ceil(static_cast<float>(product) / 8000.0F));
+    const int size = truncateToInt(static_cast<double>(std::ceil(static_cast<float>(product) / 8000.0F)));
     return clampToInt(std::int64_t{size} + (size % 2 != 0 ? 1 : 0));
 }
 
@@ -97,7 +97,8 @@ void cAudioPitchParam::ptParamSet(PTPARAM* ptParam, int fs, int nbits, PF_TYPE p
     if (fileExist(paramFile)) cAudioPitchParamFile::ptParamRead(paramFile, ptParam);
     checkFrameDuration(*ptParam);
     const std::int64_t step = frameStep(*ptParam);
-    ptParam->frameRate = step == 0 ? 0 : truncateToInt(static_cast<float>(fs) / static_cast<float>(step));
+    const float frameRate = static_cast<float>(fs) / static_cast<float>(step);
+    ptParam->frameRate = step == 0 ? 0 : truncateToInt(static_cast<double>(frameRate));
 }
 
 void cAudioPitchParam::ptParamSet(PTPARAM* ptParam, float frameRate, int fs, int nbits, PF_TYPE pfType) {
