@@ -11,21 +11,10 @@ TEST(Characters, CoresWidenAndMerge) {
     const char* warning = "Warning: some characters are not recorded due to limited length!\n";
     const Piece hum = {0, 170 * 81, 0.056}; // 25 dB below the rest
     const std::tuple<Text, Pieces, int, int, Reals, std::string> cases[] = {
-        {"11 frames are long enough, 10 are not",
-         {touching(10, 20), touching(40, 49)},
-         16000,
-         5,
-         {10, 20},
-         ""},
+        {"11 frames, not 10", {touching(10, 20), touching(40, 49)}, 16000, 5, {10, 20}, ""},
         {"silence parts them", {touching(10, 30), touching(32, 50)}, 16000, 5, {10, 30, 32, 50}, ""},
-        {"three in one stretch",
-         {hum, touching(10, 22), touching(26, 40), touching(45, 60)},
-         16000,
-         5,
-         {0, 79},
-         ""},
-        {"one slot", {touching(10, 30), touching(32, 50)}, 16000, 1, {10, 30}, warning},
-        {"one too short", {touching(5, 6), touching(10, 15), touching(32, 50)}, 8000, 2, {10, 15}, warning},
+        {"one stretch", {hum, touching(9, 22), touching(26, 40), touching(45, 60)}, 16000, 5, {0, 79}, ""},
+        {"few slots", {touching(5, 6), touching(10, 15), touching(32, 50)}, 8000, 2, {10, 15}, warning},
         {"no slot", {touching(10, 30)}, 16000, 0, {}, warning},
         {"a constant", {{0, 170 * 81, 3.0, 1 << 20}}, 16000, 5, {0, 79}, ""},
         {"not a number", {touching(10, 30), {5000, 5001, notANumber}}, 16000, 5, {}, ""},
@@ -48,8 +37,8 @@ TEST(Characters, CoresWidenAndMerge) {
         int last = 7;
         cAudio::sentenceEndPointDetect(wave.data(), lengthOf(wave), fs, &first, &last);
         if (!text.empty()) continue;
-        EXPECT_TRUE(first == (count ? start[0] : -1) && last == (count ? end[size_t(count) - 1] : -1))
-            << what;
+        EXPECT_EQ(first, frames.empty() ? -1 : 170 * frames.front()) << what;
+        EXPECT_EQ(last, frames.empty() ? -1 : 170 * frames.back() + 255) << what;
     }
     Reals wave{3, 5, 4, 4};
     cAudio::charEndPointDetect(wave.data(), 4, 8000, nullptr, nullptr, INT_MIN);

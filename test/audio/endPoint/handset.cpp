@@ -17,7 +17,6 @@ TEST(Handset, VoicedSpanWithoutBlips) {
         {"a second blip stays", {blip(21), blip(31), voice}, 31, 90},
         {"a blip at the end of the first second", {blip(62), voice}, 70, 90},
         {"after it", {blip(63), voice}, 63, 90},
-        {"one of each", {sound(30, 31), blip(40), voice}, 70, 90},
         {"a second double blip stays", {sound(30, 31), sound(40, 41), voice}, 40, 90},
         {"loud hiss", {{hop * 30, hop * 40, 1.0}, voice}, 70, 90},
         {"the recording's end", {sound(80, 99)}, 80, 99},

@@ -13,7 +13,6 @@ TEST(TwoThreshold, SoundReachesAsFarAsTheLowThresholdIsReached) {
         {{100, 100, 300, 99, 300, 100}, {0, 300, 1}, {1, 1, 1, 1, 1, 1}, "99 300"},
         {{5, 7, 7, 9, 5, 7, 4, 9, 8}, {0, 2, 1}, {0, 1, 1, 1, 0, 0, 0, 1, 1}, "6 9"},
         {{5, 7, 7, 9, 5, 7, 4, 9, 8}, {0, 1, 2}, {0, 1, 1, 1, 0, 1, 0, 1, 1}, "9 6"},
-        {{-5, -5}, {0, -1, 7}, {1, 1}, "-5 -5"},
         {{INT_MIN, 0, INT_MAX}, {0, notANumber, 0.5}, {0, 0, 1}, "2147483647 2147483647"},
     };
     for (const auto& [volume, epd, expected, thresholds] : cases) {
@@ -21,14 +20,13 @@ TEST(TwoThreshold, SoundReachesAsFarAsTheLowThresholdIsReached) {
         const ConsoleCapture console;
         cAudio::volume2voiced(volume.data(), lengthOf(volume), 0, &epd, voiced.data());
         EXPECT_EQ(voiced, expected) << thresholds;
-        int low = -1;
-        int high = -1;
+        std::string low;
+        std::string high;
         std::ifstream("volTh1.txt") >> low;
         std::ifstream("volTh2.txt") >> high;
-        EXPECT_EQ(std::to_string(low) + ' ' + std::to_string(high), thresholds);
+        EXPECT_EQ(low + ' ' + high, thresholds);
         const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
-        EXPECT_EQ(console.text(), "volTh1=" + std::to_string(low) + ", volTh2=" + std::to_string(high) +
-                                      ", maxVol=" + std::to_string(*most) +
+        EXPECT_EQ(console.text(), "volTh1=" + low + ", volTh2=" + high + ", maxVol=" + std::to_string(*most) +
                                       ", minVol=" + std::to_string(*least) + "\n");
     }
     std::filesystem::remove("volTh1.txt");
@@ -63,13 +61,9 @@ TEST(EpdByVol2, PairsOfFramesFromThresholdsOfTheRecording) {
 }
 
 TEST(VolumeThreshold, RoundedMeanInsideItsRange) {
-    const std::tuple<Ints, int, int> cases[] = {{{127, 128}, 2, 128},
-                                                {{127, 127}, 2, 512},
-                                                {{2560, 2560}, 2, 2560},
-                                                {{2561, 2561}, 2, 512},
-                                                {{2000}, 0, 512},
-                                                {{-300}, -1, 300},
-                                                {{INT_MAX, INT_MAX, 3}, 1 << 21, 2048}};
+    const std::tuple<Ints, int, int> cases[] = {
+        {{127, 128}, 2, 128}, {{127, 127}, 2, 512}, {{2561, 2561}, 2, 512},
+        {{2000}, 0, 512},     {{-300}, -1, 300},    {{INT_MAX, INT_MAX, 3}, 1 << 21, 2048}};
     for (const auto& [volume, d, threshold] : cases)
         EXPECT_EQ(cAudio::getVolumeThreshold(volume.data(), 0, lengthOf(volume), d), threshold) << volume[0];
     EXPECT_EQ(cAudio::getVolumeThreshold(nullptr, 0, INT_MIN, 1), 512);

@@ -30,14 +30,9 @@ TEST(PitchParam, DefaultsByRateAndType) {
     PTPARAM p;
     const std::tuple<int, int, int, const char*> cases[] = {
         {16000, 16, 0, "640 480 320 100 12800 700 2210 1280"},
-        {16000, 8, 1, "640 480 320 100 1 6 1201 5"},
         {8000, 8, 1, "256 0 128 31 4 388 2111 5"},
-        {8000, 8, 0, "256 0 128 31 1 1 1110 5"},
         {11025, 8, 1, "354 0 177 31 1 1 1111 5"},
-        {44100, 16, 0, "1412 0 706 31 1 1 1110 1280"},
-        {0, 16, 0, "0 0 0 0 1 1 1110 1280"},
-        {INT_MAX, 8, 0, "68719480 0 34359740 31 1 1 1110 5"},
-    };
+        {INT_MAX, 8, 0, "68719480 0 34359740 31 1 1 1110 5"}};
     for (const auto& [fs, nbits, pfType, expected] : cases) {
         cAudio::ptParamSet(&p, fs, nbits, static_cast<PF_TYPE>(pfType), nullptr);
         EXPECT_EQ(derived(p), expected) << fs << ' ' << pfType;
@@ -48,30 +43,28 @@ TEST(PitchParam, DefaultsByRateAndType) {
 }
 
 TEST(PitchParam, FileOverridesAndErrors) {
-    ConsoleCapture console;
+    const ConsoleCapture console;
     PTPARAM p;
-    const std::string content =
-        "% tuned\nframeSize = 200 % short\nno pair\nmaxPitch=80=90\ndpUseLocalOptim=0.9\r\n"
-        "dpMethod=2.9\nminPitch=31\nminPitch=32\nppcNum=-99999999999\n";
-    cAudio::ptParamSet(&p, 8000, 8, PF_AMDF, file(content).c_str());
+    cAudio::ptParamSet(
+        &p, 8000, 8, PF_AMDF,
+        file("% tuned\nframeSize = 200 % short\nno pair\nmaxPitch=80=90\ndpUseLocalOptim=0.9\r\n"
+             "dpMethod=2.9\nminPitch=31\nminPitch=32\nppcNum=-99999999999\n")
+            .c_str());
     EXPECT_EQ(console.text(), "Warning: frameSize too small! (frameSize=200, frameDuration=25 ms < "
                               "minFrameDuration=32 ms)\n");
     EXPECT_EQ(derived(p), "200 0 128 40 1 1 2100 5");
     EXPECT_EQ(std::tuple(p.minPitch, p.maxPitch, p.ppcNum), std::tuple(32.0F, 80.0F, INT_MIN));
-    cAudio::ptParamSet(&p, 8000, 8, PF_AMDF, file("overlap=256").c_str());
-    EXPECT_EQ(p.frameRate, 0);
 }
 
 TEST(PitchParam, FatalMessages) {
     PTPARAM p;
-    for (const std::string& key : {std::string("ppcnum"), std::string(), std::string(5000, 'k')}) {
-        const std::string name = file("ppcNum=3\n" + key + "=1\nppcNum=4");
-        const std::string message = fatalMessage([&] { cAudio::ptParamRead(name.c_str(), &p); });
-        const std::string expected = "Error in parsing " + name + ", unknown key = " + key;
-        EXPECT_EQ(message, (expected + " (line N in ../../../../c/lib/audio/audio)").substr(0, 999));
-        EXPECT_EQ(p.ppcNum, 3);
-    }
-    EXPECT_NE(fatalMessage([&] { cAudio::ptParamWrite(&p, "/no/such/file"); }), "");
+    const std::string key(5000, 'k');
+    const std::string name = file("ppcNum=3\n" + key + "=1\nppcNum=4");
+    const std::string expected = "Error in parsing " + name + ", unknown key = " + key;
+    EXPECT_EQ(fatalMessage([&] { cAudio::ptParamRead(name.c_str(), &p); }), expected.substr(0, 999));
+    EXPECT_EQ(p.ppcNum, 3);
+    EXPECT_EQ(fatalMessage([&] { cAudio::ptParamRead(file("=1").c_str(), &p); }),
+              "Error in parsing " + name + ", unknown key =  (line N in ../../../../c/lib/audio/audio)");
     EXPECT_EQ(fatalMessage([&] { cAudio::ptParamSet(&p, 8000, 8, static_cast<PF_TYPE>(2), nullptr); }),
               "Unknown pfType=2 (line N in ../../../../c/lib/audio/audio)!\n");
 }

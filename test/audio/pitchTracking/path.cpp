@@ -1,6 +1,5 @@
 #include "audio/audio.hpp"
 #include "audio/pitchTracking/kernel/pathKernelText.hpp"
-#include "support/console.hpp"
 #include "utility/rounding.hpp"
 
 #include <gtest/gtest.h>
@@ -71,7 +70,7 @@ void expectPlainLoops(const Searched& run, const PTPARAM& p) {
 TEST(Path, ChoosesAsPlainLoopsDo) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
     const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    const double special[] = {0.0, -0.0, INFINITY, -INFINITY, NAN, 1e300};
+    const double special[] = {0.0, -0.0, HUGE_VAL, -HUGE_VAL, std::nan(""), 1e300};
     const float weights[] = {0.0F, 1.0F, 6.0F, 0.1F, -2.0F, 1e30F};
     const char* kernels[] = {"portable", "avx2", "avx512"};
     for (int round = 0; round < 900; ++round) {
@@ -107,22 +106,18 @@ TEST(Path, WidestKernelTakesTheSameWay) {
                  best.second.data(), tabled, 0.1F, false, low});
         return best;
     };
-    for (const bool low : {false, true}) {
-        EXPECT_EQ(result(pathStep<64>, &penalty[128], low), result(pathStep<16>, nullptr, low));
-        EXPECT_EQ(result(pathStep<64>, nullptr, low), result(pathStep<16>, &penalty[128], low));
-    }
+    for (const bool low : {false, true})
+        for (const double* tabled : {&penalty[128], static_cast<double*>(nullptr)})
+            EXPECT_EQ(result(pathStep<64>, tabled, low), result(pathStep<16>, nullptr, low)) << low;
 }
 
 TEST(Path, WeighsValuesAgainstDistances) {
     const std::vector<Frame> two{{{40, 100}, {80, 90}}, {{41, 95}}};
     const std::tuple<int, int, float, std::vector<Frame>, int, double> cases[] = {
         {1, 1, 1, two, 40, 196}, // dpMethod, dpPosDiffOrder, weight; the first frame's lag, a final total
-        {1, 2, 1, two, 40, 196},
         {1, 1, 0, two, 80, 185},
         {2, 1, 1, {{{40, 0}}, {{41, 0}}}, 40, 4},
-        {2, 2, 1, {{{40, 0}}, {{20, 0}}}, 40, 14400},
         {2, 1, 1, {{{40, 0}}, {{INT_MAX, 0}, {INT_MIN, 0}}}, 40, 553}, // no such lag
-        {1, 1, 1, {{{40, 5}, {50, 3}, {60, 3}}}, 50, 5},
         {1, 1, 1, {{{40, 0}}, {}, {{41, 7}}}, -1, 7},
     };
     for (const auto& [method, order, weight, frames, lag, total] : cases) {
@@ -135,14 +130,6 @@ TEST(Path, WeighsValuesAgainstDistances) {
     for (const auto& [pfType, lag] : {std::pair(1, 50), {0, 40}})
         EXPECT_EQ(Searched({{{40, 16777217}, {50, 16777217}}}, parameters(pfType, 1, 1, 1)).A[0].bestIndex,
                   lag);
-    EXPECT_EQ(fatalMessage([] {
-                  Searched({{{40, 1}}}, parameters(7, 1, 1, 1));
-              }),
-              "Unknown ptParam.pfType=7 (line N of file ../../../../c/lib/audio/audio)");
-    Searched run({{{40, 1}}}, parameters(PF_ACF, 1, 1, 1));
-    int fixedPoint = 0;
-    A2pitchByDp(run.A.data(), 1, parameters(PF_ACF, 1, 1, 1), &fixedPoint);
-    EXPECT_EQ(fixedPoint, static_cast<int>(run.pitch[0] * 1024));
 }
 
 } // namespace

@@ -33,6 +33,7 @@ TEST(Synthesis, WritesWholePeriodsAndEnds) {
         {{std::nan(""), 69}, {0.01, 1}, 200, 18, 0, 80, 188},
         {{200, 69}, {0.01, 1}, 200, 18, 0, 80, 188}, // a period of no sample
         {{-1e9}, {1}, 100, 18, 0, 0, 0},             // one beyond the output
+        {{69}, {1}, 90, 18, 90, 90, 90},             // the last period ends with the output
         {{69, 0}, {-1, 1}, 100, 18, 18, 18, 18},     // starts that do not ascend
         {{69, 69}, {std::nan(""), 1}, 100, 18, 90, 90, 90},
         {{}, {}, 100, 18, 0, 0, 0},
