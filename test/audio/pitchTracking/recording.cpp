@@ -1,20 +1,14 @@
-#include "audio/audio.hpp"
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
+#include "support/audio.hpp"
 
 namespace {
 
 using Recording = std::vector<short>;
 
-std::vector<int> bGetPitch(const Recording& wave, int fs, int nbits) {
+Ints bGetPitch(const Recording& wave, int fs, int nbits) {
     int* out = nullptr;
     int outLen = -1;
     EXPECT_TRUE(cAudio::bGetPitch(wave, out, outLen, fs, nbits));
-    std::vector<int> result(out, out + outLen);
+    Ints result(out, out + outLen);
     std::free(out);
     return result;
 }
@@ -25,14 +19,13 @@ TEST(Recordings, PitchInTenths) {
     const std::tuple<int, int, double, std::string> cases[] = {
         {8000, 16, 20000, depth}, {44100, 16, 20000, rate + depth}, {44100, 8, 90, rate}, {8000, 8, 90, ""}};
     for (const auto& [fs, nbits, amplitude, printed] : cases) {
-        Recording wave(static_cast<size_t>(2 * fs)); // a second of a tone in the middle
+        Recording wave(size_t(2 * fs)); // a second of a tone in the middle
         for (int i = fs / 2; i < fs * 3 / 2; ++i)
-            wave[static_cast<size_t>(i)] =
-                static_cast<short>(amplitude * std::sin(6.283185307 * 200 * i / fs));
+            wave[size_t(i)] = static_cast<short>(amplitude * std::sin(6.283185307 * 200 * i / fs));
         const ConsoleCapture console;
-        const std::vector<int> pitch = bGetPitch(wave, fs, nbits);
+        const Ints pitch = bGetPitch(wave, fs, nbits);
         EXPECT_NEAR(static_cast<double>(pitch.size()), 31.0, 2.0) << fs << ' ' << nbits;
-        EXPECT_EQ(pitch, std::vector<int>(pitch.size(), 550)) << fs << ' ' << nbits;
+        EXPECT_EQ(pitch, Ints(pitch.size(), 550)) << fs << ' ' << nbits;
         EXPECT_EQ(console.text(), printed);
     }
     const ConsoleCapture console;
