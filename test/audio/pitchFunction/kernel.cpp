@@ -44,8 +44,7 @@ Ints samples(size_t size, int kind, int /*instance*/) {
 }
 
 struct Shape {
-    int frames, n, step, pfLen, method;
-    PF_TYPE type;
+    int frames, n, step, pfLen, type, method;
 };
 
 /// What wave2pfMat does with a version that instructionSet() never chooses; but for the lags without terms.
@@ -55,8 +54,8 @@ void byEightLanes(const std::vector<T>& wave, const Shape& s, double* pf) {
     Task task = taskOf(s.n, s.pfLen, s.type == PF_ACF, s.method);
     task.flip = s.method > 2;
     task.removeMean = s.type == PF_ACF;
-    Ints start;
-    for (int i = 0; i < s.frames; ++i) start.push_back(i * s.step);
+    Ints start(size_t(s.frames));
+    cAudio::buffer2(lengthOf(wave), s.n, s.n - s.step, start.data());
     struct alignas(64) Line {
         char bytes[64];
     };
@@ -74,18 +73,19 @@ void compare(bool eightLanes, const Shape& s, int kind) {
     const auto wave = samples(static_cast<size_t>((s.frames - 1) * s.step + s.n), kind, T{});
     Doubles expected(static_cast<size_t>(s.frames * s.pfLen) + 1, 4711.0);
     Doubles found = expected;
-    plainMat(wave, s.frames, s.n, s.step, s.pfLen, s.type, s.method, expected.data());
+    plainMat(wave, s.frames, s.n, s.step, s.pfLen, PF_TYPE{s.type}, s.method, expected.data());
     const auto before = wave;
     if (eightLanes)
         byEightLanes(wave, s, found.data());
     else
-        wave2pfMat(wave.data(), lengthOf(wave), s.n, s.n - s.step, s.pfLen, s.type, s.method, found.data());
+        wave2pfMat(wave.data(), lengthOf(wave), s.n, s.n - s.step, s.pfLen, PF_TYPE{s.type}, s.method,
+                   found.data());
     ASSERT_EQ(std::memcmp(wave.data(), before.data(), wave.size() * sizeof(T)), 0);
     const auto [at, wanted] = std::mismatch(found.begin(), found.end(), expected.begin(), isSame);
-    ASSERT_TRUE(at == found.end()) << (sizeof(T) == 4 ? "int" : "double") << " frames=" << s.frames
-                                   << " n=" << s.n << " step=" << s.step << " pfLen=" << s.pfLen
-                                   << " type=" << s.type << " method=" << s.method << " kind=" << kind
-                                   << " at " << at - found.begin() << ": " << *at << ", not " << *wanted;
+    ASSERT_TRUE(at == found.end()) << sizeof(T) << "-byte samples, frames=" << s.frames << " n=" << s.n
+                                   << " step=" << s.step << " pfLen=" << s.pfLen << " type=" << s.type
+                                   << " method=" << s.method << " kind=" << kind << " at "
+                                   << at - found.begin() << ": " << *at << ", not " << *wanted;
 }
 
 /// Frame sizes, lags and frame counts around every block size, and large frames at the limits of 32-bit sums;
@@ -95,7 +95,7 @@ void compareAll(bool eightLanes) {
         for (const int pfLen : {1, 7, 8, 9, 15, 16, 17, 31, 32, 33, 63, 64, 65, 66, 130})
             for (const int frames : {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 34}) {
                 if (n > 130 && (frames < 15 || pfLen % 2)) continue;
-                const Shape s{frames, n, 1 + below(n + 3), pfLen, 1 + below(4), PF_TYPE{below(2)}};
+                const Shape s{frames, n, 1 + below(n + 3), pfLen, below(2), 1 + below(4)};
                 ASSERT_NO_FATAL_FAILURE(compare<double>(eightLanes, s, below(4)));
                 ASSERT_NO_FATAL_FAILURE(compare<int>(eightLanes, s, below(4)));
             }

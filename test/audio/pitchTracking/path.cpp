@@ -24,7 +24,7 @@ Ints plainPath(std::vector<Frame>& run, const PTPARAM& p) {
             double best = -0.0; // changes no sum
             cur.prevIndex = -1;
             for (int k = 0; i > 0 && k < lengthOf(run[i - 1]); ++k) {
-                const PPC& prev = run[i - 1][static_cast<size_t>(k)];
+                const PPC& prev = run[i - 1][size_t(k)];
                 double d = std::abs(scaled(prev.index) - scaled(cur.index));
                 if (p.dpPosDiffOrder != 1) d *= d;
                 const auto penalty = static_cast<double>(p.indexDiffWeight * static_cast<float>(d));
@@ -40,11 +40,8 @@ Ints plainPath(std::vector<Frame>& run, const PTPARAM& p) {
         }
     }
     Ints lags(run.size(), -1);
-    for (size_t i = run.size(); i-- > 0 && chosen >= 0;) {
-        const PPC& candidate = run[i][static_cast<size_t>(chosen)];
-        lags[i] = candidate.index;
-        chosen = candidate.prevIndex;
-    }
+    for (size_t i = run.size(); i-- > 0 && chosen >= 0; chosen = run[i][size_t(chosen)].prevIndex)
+        lags[i] = run[i][size_t(chosen)].index;
     return lags;
 }
 
@@ -80,8 +77,7 @@ TEST(Path, IsThatOfPlainLoops) {
             p.dpPosDiffOrder = 1 + upTo(2);
             p.indexDiffWeight = weights[upTo(6)];
             p.pfWeight = upTo(3) ? 1.0F : 0.37F;
-            const bool everyLag = upTo(2) == 0;
-            const int values = upTo(4); // few, many, special, all equal
+            const int values = upTo(4), spread = upTo(2) * 8 + 1; // values: few, many, special, all equal
             std::vector<Frame> run(4);
             for (Frame& frame : run) // one in 20 breaks the contract: it is empty
                 for (int lag = upTo(upTo(8) ? 40 : 400), left = upTo(20) ? 1 + upTo(upTo(3) ? 20 : 200) : 0;
@@ -90,7 +86,7 @@ TEST(Path, IsThatOfPlainLoops) {
                     if (values == 2 && upTo(20) == 0) value = special[upTo(6)];
                     const int noLag = upTo(2) ? INT_MAX : INT_MIN;
                     frame.push_back({upTo(200) ? lag : noLag, values == 3 ? 5.0 : value, -7, -7.0});
-                    lag += everyLag ? 1 : upTo(9);
+                    lag += spread == 1 ? 1 : upTo(spread);
                 }
             SCOPED_TRACE(kernel + std::to_string(round));
             ASSERT_NO_FATAL_FAILURE(expectPlainPath(run, p));

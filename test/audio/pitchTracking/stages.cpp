@@ -3,33 +3,25 @@
 
 namespace {
 
-Ints candidates(const Doubles& pf, const PTPARAM& p) {
-    Ints lags(pf.size());
-    lags.resize(static_cast<size_t>(pf2ppc(pf.data(), lengthOf(pf), p, lags.data())));
-    return lags;
-}
-
-TEST(Candidates, AreStrictExtremaInThePitchRange) {
-    const std::tuple<PF_TYPE, Doubles, Ints> extrema[] = {
-        {PF_AMDF, {9, 5, 2, 2, 6, 7, 3, 1, 4}, {3, 7}},
-        {PF_ACF, {10, 4, 6, 6, 6, 2, 5}, {3}},
-        {PF_AMDF, {3, 1, notANumber, 2, 1, 2}, {4}},
+TEST(Candidates, AreStrictExtremaOrAllLagsInThePitchRange) {
+    const std::tuple<int, int, float, float, Doubles, Ints> cases[] = {
+        {PF_AMDF, 1, 30, 200, {9, 5, 2, 2, 6, 7, 3, 1, 4}, {3, 7}}, // pfType, dpUseLocalOptim, pitch range
+        {PF_ACF, 1, 30, 200, {10, 4, 6, 6, 6, 2, 5}, {3}},
+        {PF_AMDF, 1, 30, 200, {3, 1, notANumber, 2, 1, 2}, {4}},
+        {9, 0, 30, 200, Doubles(4), {1, 2, 3}},
+        {9, 0, 80, 84, Doubles(128), {8, 9, 10}},
+        {9, 0, 0, 84, Doubles(128), {}},
+        {9, 0, 30, -1, Doubles(128), {}},
     };
     PTPARAM p = trackingDefaults(8000, PF_AMDF);
-    p.maxPitch = 200.0F; // down to lag 0
-    for (const auto& [pfType, pf, lags] : extrema) {
-        p.pfType = pfType;
-        EXPECT_EQ(candidates(pf, p), lags) << testing::PrintToString(pf);
-    }
-    p.dpUseLocalOptim = 0; // every lag; then the type does not matter
-    p.pfType = PF_TYPE{9};
-    const std::tuple<float, float, int, size_t> ranges[] = {
-        {60, 84, 8, 24}, {30, 200, 1, 127}, {0, 84, 0, 0}, {30, -1, 0, 0}};
-    for (const auto& [minPitch, maxPitch, first, count] : ranges) {
+    for (const auto& [pfType, local, minPitch, maxPitch, pf, expected] : cases) {
+        p.pfType = PF_TYPE{pfType};
+        p.dpUseLocalOptim = local;
         p.minPitch = minPitch;
         p.maxPitch = maxPitch;
-        const Ints lags = candidates(Doubles(128), p);
-        EXPECT_EQ(std::pair(lags.size(), lags.empty() ? 0 : lags[0]), std::pair(count, first)) << minPitch;
+        Ints lags(pf.size());
+        lags.resize(size_t(pf2ppc(pf.data(), lengthOf(pf), p, lags.data())));
+        EXPECT_EQ(lags, expected) << minPitch << ' ' << testing::PrintToString(pf);
     }
 }
 

@@ -37,34 +37,30 @@ size_t bitReversed(size_t k, size_t size) {
 }
 
 template <typename T>
-std::vector<Complex> dft(const std::vector<T>& x, const std::vector<T>& y) {
-    const size_t size = x.size();
-    std::vector<Complex> root(size), sum(size);
-    for (size_t t = 0; t < size; ++t) root[t] = std::polar(1.0, -turn * double(t) / double(size));
-    for (size_t k = 0; k < size; ++k)
-        for (size_t t = 0; t < size; ++t) sum[k] += Complex(x[t], y[t]) * root[t * k % size];
-    return sum;
-}
-
-template <typename T>
 void equalsThePlainTransformAndTheDft(int n) {
     const size_t size = std::bit_ceil(static_cast<unsigned>(std::max(n, 2)));
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
     std::vector<T> x(size), y(size);
     for (auto* v : {&x, &y})
         for (T& value : *v) value = std::uniform_real_distribution<T>(-1, 1)(random);
+    const auto inX = x, inY = y;
     auto plainX = x, plainY = y;
     for (auto* v : {&plainX, &plainY}) std::fill(v->begin() + std::max(n, 0), v->end(), T{});
-    const std::vector<Complex> expected = dft(plainX, plainY);
     plainFft(plainX.data(), plainY.data(), size);
     const ConsoleCapture console;
     fftComplex(x.data(), y.data(), n);
     EXPECT_EQ(console.text(), int(size) == n ? "" : "\nuse " + std::to_string(size) + " point fft") << n;
-    const double tolerance = 10 * double(size) * double(std::numeric_limits<T>::epsilon());
     for (size_t k = 0; k < size; ++k) {
         const size_t from = bitReversed(k, size);
         ASSERT_EQ(std::pair(x[k], y[k]), std::pair(plainX[from], plainY[from])) << n << ' ' << k;
-        ASSERT_LT(std::abs(Complex(x[k], y[k]) - expected[k]), tolerance) << n << ' ' << k;
+    }
+    for (size_t k = 0; k < size; k += 1 + size / 20) {
+        Complex bin(x[k], y[k]);
+        for (int t = 0; t < n; ++t)
+            bin -= Complex(inX[size_t(t)], inY[size_t(t)]) *
+                   std::polar(1.0, -turn * double(k * size_t(t) % size) / double(size));
+        ASSERT_LT(std::abs(bin), 10 * double(size) * double(std::numeric_limits<T>::epsilon()))
+            << n << ' ' << k;
     }
 }
 

@@ -25,7 +25,7 @@ TEST(Echo, IsACombOrNothing) {
         {6000, 0.25, 2000}, {2001, 0.25, 2000}, {6000, 1e-4, 1}, // the period, or 0: the output is the input
         {6000, 6e-5, 0},    {6000, -1, 0},      {0, 0.25, 0},    {6000, notANumber, 0}, {6000, 1e12, 0}};
     for (const auto& [waveLen, delay, period] : cases) {
-        Doubles wave(static_cast<size_t>(waveLen)), out(wave), expected(wave);
+        Doubles wave(static_cast<size_t>(waveLen)), out(wave.size(), 9.0), expected(wave);
         if (waveLen > 0) wave[0] = expected[0] = 4096;
         for (int i = period; period > 0 && i < waveLen; i += period)
             expected[size_t(i)] = 0.5 * expected[size_t(i - period)];
@@ -42,7 +42,8 @@ TEST(Resample, FollowsARampAndEndsOnItsEnds) {
     const std::tuple<Ints, int, int, Ints> cases[] = {
         {{0, 10, 20, 30, 40, 50, 60, 70, 80, 90}, 16000, 8000, {0, 20, 40, 60, 90}},
         {{0, 5, 0, -5}, 1, 2, {0, 3, 5, 3, 0, -3, -5}}, // halves away from zero
-        {{1, 2, 3}, 1, 0, {1, 3, 3, 3}},                // infinitely far beyond the end
+        {{1, 2, 3}, 1, 1, {1, 2, 3, 3, 3}},             // beyond the end
+        {{1, 2, 3}, 1, 0, {1, 3, 3, 3}},                // infinitely far beyond
         {{1, 2, 3}, -1, 1, {1, 1, 1, 3}},               // before the beginning
         {{1, 2, 3}, 0, 0, {1, 1, 1, 3}},                // nowhere
         {{1, 2, 3}, 1, 1, {3}},
