@@ -12,20 +12,6 @@ class PitchFunction : public testing::Test {};
 using Instances = testing::Types<int, double>;
 TYPED_TEST_SUITE(PitchFunction, Instances);
 
-TYPED_TEST(PitchFunction, WorkedExamples) {
-    const bool isInt = std::is_same_v<TypeParam, int>;
-    const std::tuple<std::vector<TypeParam>, PF_TYPE, int, Doubles> cases[] = {
-        {{1, 2, 3, 4}, PF_AMDF, 2, {0, 1, 2}}, // one frame; type, method, values by lag
-        {{1, 2, 3, 4}, PF_ACF, 1, isInt ? Doubles{6, 2, -1, -2, 0} : Doubles{5, 1.25, -1.5, -2.25, 0}},
-        {{0, 0, 0, 0, 1, 2, 3, 4}, PF_AMDF, 4, {0, 4, 7, 9}}, // reversed
-    };
-    for (const auto& [wave, type, method, expected] : cases) {
-        Doubles pf(expected.size());
-        wave2pfMat(wave.data(), lengthOf(wave), lengthOf(wave), 0, lengthOf(pf), type, method, pf.data());
-        EXPECT_EQ(pf, expected) << method;
-    }
-}
-
 TYPED_TEST(PitchFunction, OfOneFrameEqualsThePlainLoops) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
     std::vector<TypeParam> frame(50);
