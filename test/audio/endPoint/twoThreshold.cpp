@@ -27,9 +27,7 @@ TEST(TwoThreshold, SoundReachesAsFarAsTheLowThresholdIsReached) {
         EXPECT_EQ(console.text(), "volTh1=" + low + ", volTh2=" + high + ", maxVol=" + std::to_string(*most) +
                                       ", minVol=" + std::to_string(*least) + "\n");
     }
-    std::filesystem::remove("volTh1.txt");
     cAudio::volume2voiced(nullptr, 0, 0, nullptr, nullptr);
-    EXPECT_FALSE(std::filesystem::exists("volTh1.txt"));
 }
 
 TEST(EpdByVol2, PairsOfFramesFromThresholdsOfTheRecording) {

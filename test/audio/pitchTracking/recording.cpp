@@ -36,17 +36,13 @@ TEST(Recordings, PitchInTenths) {
 
 TEST(Recordings, Silence) {
     const ConsoleCapture console;
-    const std::tuple<size_t, int, int, int, int, bool> cases[] = {
-        {512, 4, 8000, 16, 5, true}, // length, samples of 256; fs, nbits, volTh
-        {512, 5, 8000, 16, 5, false},
-        {640, 12, 16000, 16, 5, true}, // 3072 by 3200
-        {640, 13, 16000, 16, 5, false},
-        {0, 0, 0, INT_MIN, INT_MAX, false}};
-    for (const auto& [length, loud, fs, nbits, volTh, silent] : cases) {
-        Recording wave(length);
-        std::fill_n(wave.begin(), loud, short{256});
-        EXPECT_EQ(cAudio::isWaveSilence(wave, fs, nbits, volTh), silent) << fs << ' ' << volTh;
-    }
+    for (const auto& [length, fs, sample, least] : {std::tuple(512, 8000, 256, 5), {640, 16000, 255, 13}})
+        for (const int loud : {least - 1, least}) { // samples that are not 0
+            Recording wave(static_cast<size_t>(length));
+            std::fill_n(wave.begin(), loud, static_cast<short>(sample));
+            EXPECT_EQ(cAudio::isWaveSilence(wave, fs, 16, 5), loud < least) << fs << ' ' << loud;
+        }
+    EXPECT_FALSE(cAudio::isWaveSilence({}, 0, INT_MIN, INT_MAX));
 }
 
 } // namespace

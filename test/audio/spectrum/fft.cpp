@@ -1,19 +1,15 @@
 #include "support/audio.hpp"
 
 #include <bit>
-#include <complex>
 
 namespace {
-
-using Complex = std::complex<double>;
-constexpr double turn = 6.28318530717958;
 
 /// The butterflies of a block, then those of its half and of its two quarters; in bit-reversed order.
 template <typename T>
 void plainFft(T* x, T* y, size_t len) {
     const size_t q = len / 4;
     for (size_t j = 0; j < q; ++j) {
-        const T a = static_cast<T>(j) * (static_cast<T>(turn) / static_cast<T>(len)), a3 = 3 * a;
+        const T a = static_cast<T>(j) * (static_cast<T>(6.28318530717958) / static_cast<T>(len)), a3 = 3 * a;
         const T r1 = x[j] - x[j + 2 * q], r2 = x[j + q] - x[j + 3 * q];
         const T s1 = y[j] - y[j + 2 * q], s2 = y[j + q] - y[j + 3 * q];
         for (T* v : {x, y}) v[j] += v[j + 2 * q], v[j + q] += v[j + 3 * q];
@@ -37,13 +33,12 @@ size_t bitReversed(size_t k, size_t size) {
 }
 
 template <typename T>
-void equalsThePlainTransformAndTheDft(int n) {
+void equalsThePlainTransform(int n) {
     const size_t size = std::bit_ceil(static_cast<unsigned>(std::max(n, 2)));
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
     std::vector<T> x(size), y(size);
     for (auto* v : {&x, &y})
         for (T& value : *v) value = std::uniform_real_distribution<T>(-1, 1)(random);
-    const auto inX = x, inY = y;
     auto plainX = x, plainY = y;
     for (auto* v : {&plainX, &plainY}) std::fill(v->begin() + std::max(n, 0), v->end(), T{});
     plainFft(plainX.data(), plainY.data(), size);
@@ -54,21 +49,13 @@ void equalsThePlainTransformAndTheDft(int n) {
         const size_t from = bitReversed(k, size);
         ASSERT_EQ(std::pair(x[k], y[k]), std::pair(plainX[from], plainY[from])) << n << ' ' << k;
     }
-    for (size_t k = 0; k < size; k += 1 + size / 20) {
-        Complex bin(x[k], y[k]);
-        for (int t = 0; t < n; ++t)
-            bin -= Complex(inX[size_t(t)], inY[size_t(t)]) *
-                   std::polar(1.0, -turn * double(k * size_t(t) % size) / double(size));
-        ASSERT_LT(std::abs(bin), 10 * double(size) * double(std::numeric_limits<T>::epsilon()))
-            << n << ' ' << k;
-    }
 }
 
-TEST(Fft, EqualsThePlainTransformAndTheDft) {
+TEST(Fft, EqualsThePlainTransform) {
     for (const int power : {INT_MIN + 1, 1, 2, 4, 8, 16, 32, 64, 128, 256, 512, 1024, 2048, 4095})
         for (const int n : {power - 1, power, power + 1}) {
-            equalsThePlainTransformAndTheDft<float>(n);
-            equalsThePlainTransformAndTheDft<double>(n);
+            equalsThePlainTransform<float>(n);
+            equalsThePlainTransform<double>(n);
         }
 }
 
