@@ -35,6 +35,8 @@ struct Recording {
     int bitDepth(const Options& options) const {
         return options.has("nbits") ? options["nbits"].bitDepth() : input.sampleBits();
     }
+    /// Whether the user asks for the curve, its threshold or its time.
+    bool wantsCurve() const { return call.wants(1); }
     Framing framing(int frameSize, int overlap) const {
         return {fs, frameSize, overlap, static_cast<int>(input.rows() * input.columns())};
     }
@@ -74,6 +76,7 @@ Detection byVolumeOrHod(const Recording& recording, bool hod) {
     const auto detect = hod ? cAudio::epdByVolHod : cAudio::epdByVol;
     const SegmentArray segments(detect(wave.data(), waveLen, recording.fs, param, &segNum));
     std::for_each_n(segments.get(), segNum, [&](const SEGMENT& s) { found.addFrames(s.begin, s.end); });
+    if (!recording.wantsCurve()) return found;
     const auto curveOf = hod ? endPointCurve::volumeAndAshod : endPointCurve::volume;
     const std::vector<int> curve = curveOf(wave.data(), waveLen, param);
     found.curve = asDoubles(curve);
@@ -100,10 +103,11 @@ std::vector<int> volumeOf(const std::vector<int>& wave, const Framing& framing) 
 Detection byTwoThresholds(const Recording& recording) {
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
     Detection found{recording.framing(512, 192)};
-    const std::vector<int> volume = volumeOf(wave, found.framing);
-    std::vector<int> frames(volume.size() + 1);
+    std::vector<int> frames(static_cast<size_t>(found.framing.frameNum()) + 1);
     const int count = cAudio::epdByVol2(wave.data(), found.framing.waveLen, 0, frames.data(), 0);
     for (size_t i = 0; i < static_cast<size_t>(count); i += 2) found.addFrames(frames[i], frames[i + 1]);
+    if (!recording.wantsCurve()) return found;
+    const std::vector<int> volume = volumeOf(wave, found.framing);
     found.curve = asDoubles(volume);
     if (volume.empty()) return found;
     const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
@@ -119,6 +123,7 @@ Detection byVolumeAndZcr(const Recording& recording) {
     int end = 0;
     cAudio::epdByVolZcr(wave.data(), found.framing.waveLen, 0, &start, &end);
     found.addSamples(start, end);
+    if (!recording.wantsCurve()) return found;
     found.curve = asDoubles(volumeOf(wave, found.framing));
     if (found.curve.empty()) return found;
     const double most = *std::max_element(found.curve.begin(), found.curve.end());
@@ -129,7 +134,7 @@ Detection byVolumeAndZcr(const Recording& recording) {
 Detection byDecibels(const Recording& recording, bool sentence) {
     const Options options =
         recording.options(sentence ? std::vector<const char*>{} : std::vector<const char*>{"maxNum"});
-    std::vector<double> wave = recording.input.unitSamples();
+    std::vector<double> wave = recording.input.unitSamples().copy();
     Detection found{recording.framing(256, 86)};
     const int waveLen = found.framing.waveLen;
     if (sentence) {
@@ -145,6 +150,7 @@ Detection byDecibels(const Recording& recording, bool sentence) {
             cAudio::charEndPointDetect(wave.data(), waveLen, recording.fs, start.data(), end.data(), maxNum);
         for (size_t i = 0; i < static_cast<size_t>(count); ++i) found.addSamples(start[i], end[i]);
     }
+    if (!recording.wantsCurve()) return found;
     found.curve = endPointCurve::decibels(wave.data(), waveLen);
     if (found.curve.empty()) return found;
     const double most = *std::max_element(found.curve.begin(), found.curve.end());
@@ -163,11 +169,12 @@ Detection bySentence(const Recording& recording) {
 /// Sums of absolute deviations from each frame's mean; the threshold does not look at the first 0.2 s.
 Detection byHandset(const Recording& recording) {
     const int nbits = recording.bitDepth(recording.options({"nbits"}));
-    std::vector<double> wave = recording.input.unitSamples();
+    std::vector<double> wave = recording.input.unitSamples().copy();
     Detection found{recording.framing(256, 128)};
     double frames[2] = {1e9, -1e9}; // where nothing is marked, the first sample comes out behind the last
     cAudio::endPointDetect4quokka(wave.data(), found.framing.waveLen, recording.fs, nbits, frames);
     found.addSamples(frames[0], frames[1]);
+    if (!recording.wantsCurve()) return found;
     found.curve.resize(static_cast<size_t>(found.framing.frameNum()));
     featurePerFrame(wave.data(), found.framing.waveLen, 256, 128, found.curve.data(),
                     [](const double* frame) {
@@ -213,7 +220,6 @@ void endPointsCommand(Call& call) {
     static constexpr Detection (*detectors[])(const Recording&) = {
         byVolume, byVolumeAndAshod, byTwoThresholds, byVolumeAndZcr, byCharacters, bySentence, byHandset};
     const Argument input = call.input(0, "WAVE");
-    input.vector();
     const int fs = call.input(1, "FS").whole(1);
     const int method = call.has(2) ? call.input(2, "METHOD")
                                          .choice({{"volume", 0},

@@ -14,9 +14,9 @@ namespace {
 struct Track {
     PTPARAM param;
     std::vector<double> pitch;
-    std::vector<double> clarity;
-    mxArray* pfMat;
-    int first = 0; // the frames that are handed out
+    std::vector<double> clarity{}; // where the user asks for it
+    mxArray* pfMat = nullptr;      // the same
+    int first = 0;                 // the frames that are handed out
     int count = 0;
 };
 
@@ -24,11 +24,13 @@ struct Track {
 Track track(const Call& call, const std::vector<int>& wave, PTPARAM param) {
     const Framing framing{param.fs, param.frameSize, param.overlap, static_cast<int>(wave.size())};
     const int frameNum = framing.frameNum();
-    Track result{param, std::vector<double>(static_cast<size_t>(frameNum)),
-                 std::vector<double>(static_cast<size_t>(frameNum)), matrix(call, param.pfLen, frameNum)};
+    Track result{param, std::vector<double>(static_cast<size_t>(frameNum))};
+    if (call.wants(2)) result.clarity.resize(result.pitch.size());
+    if (call.wants(3)) result.pfMat = matrix(call, param.pfLen, frameNum);
     result.param.cutLeadingTrailingZero = 0;
     ptByDpOverPfOnce<double, int>(wave.data(), framing.waveLen, result.param, result.pitch.data(),
-                                  result.clarity.data(), mxGetPr(result.pfMat), nullptr);
+                                  call.wants(2) ? result.clarity.data() : nullptr,
+                                  result.pfMat ? mxGetPr(result.pfMat) : nullptr, nullptr);
     result.param.cutLeadingTrailingZero = param.cutLeadingTrailingZero;
     int last = frameNum - 1;
     if (param.cutLeadingTrailingZero != 0)
