@@ -5,7 +5,8 @@ function drawPitch (wave, fs, inHz, pitch, time, clarity, pfMat, param)
   drawWave (wave, fs);
   subplot (3, 1, 2);
   lag = (0:rows (pfMat) - 1) * 1000 / param.fs;
-  imagesc (time, lag, pfMat ./ max (abs (pfMat), [], 1));  % each frame by its own largest value
+  ownLargest = max (max (abs (pfMat), [], 1), realmin);
+  imagesc (time, lag, pfMat ./ ownLargest);  % quiet frames show as much as loud ones
   axis xy
   frequency = pitch;
   if (! inHz && ! isempty (pitch))
