@@ -28,6 +28,7 @@ struct Options {
     bool lags = false;
     bool gaps = false;
     int times = 0;
+    std::string label = "Value";
 };
 
 void declare(CLI::App& app, Options& options) {
@@ -50,6 +51,8 @@ void declare(CLI::App& app, Options& options) {
     app.add_option("--times", options.times, "output N holds the columns' times in seconds, evenly spaced")
         ->type_name("N")
         ->check(CLI::PositiveNumber);
+    app.add_option("--label", options.label, "what the values of the first output are")
+        ->capture_default_str();
     app.add_flag("--gaps", options.gaps, "zeros in a curve are gaps");
     app.add_flag("--lags", options.lags, "rows are lags in samples, from 0");
 }
@@ -111,6 +114,7 @@ void run(const Options& options) {
     axes.rate = options.rate;
     axes.lags = options.lags;
     axes.gaps = options.gaps;
+    axes.label = options.label;
     axes.frames = !options.frames.empty();
     if (axes.frames) {
         axes.frameSize = options.frames[0];
