@@ -7,6 +7,7 @@
 #include <concepts>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <type_traits>
 
@@ -14,13 +15,6 @@ namespace {
 
 bool sameName(const std::string& a, const std::string& b) {
     return upperCase(a) == upperCase(b);
-}
-
-/// The shortest of the usual forms: 8000, 0.5, 1e+09.
-std::string textOf(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.15g", value);
-    return text;
 }
 
 /// The text of a row of characters; false for anything else.
@@ -39,7 +33,7 @@ template <typename Names>
 std::string listed(const Names& names) {
     std::string list;
     for (const auto& name : names) list += (list.empty() ? "" : ", ") + std::string(name);
-    return list;
+    return list.empty() ? "none" : list;
 }
 
 /// Calls use with the elements of a numeric array, in their type.
@@ -100,6 +94,12 @@ void roundSamples(std::span<const T> samples, int fullScale, int* out) {
 
 std::string upperCase(std::string text) {
     for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+std::string textOf(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.15g", value);
     return text;
 }
 
@@ -203,7 +203,9 @@ std::string Argument::text() const {
 
 std::string Argument::file() const {
     std::string path = text();
-    if (!std::ifstream(path)) refuse("the name of a file that can be read, \"" + path + "\" cannot");
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(path, unknown) || !std::ifstream(path))
+        refuse("the name of a file that can be read, \"" + path + "\" cannot");
     return path;
 }
 

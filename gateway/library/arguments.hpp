@@ -20,6 +20,9 @@ inline constexpr int mostInt = std::numeric_limits<int>::max();
 /// An argument's name as messages have it.
 std::string upperCase(std::string text);
 
+/// A number in the shortest of the usual forms: 8000, 0.5, 1e+09.
+std::string textOf(double value);
+
 /// A name of the host's and the number that it stands for.
 using Choice = std::pair<const char*, int>;
 
@@ -68,8 +71,20 @@ public:
     int choice(std::initializer_list<Choice> choices, bool numbersToo = false) const;
     /// A row of characters.
     std::string text() const;
-    /// The name of a file that can be read.
+    /// The name of a file that can be read: no directory, no device.
     std::string file() const;
+    /// Has such a file read; an exception of the library becomes an error of this argument.
+    template <typename Read>
+    void readFile(Read read) const {
+        const std::string path = file();
+        std::string failure;
+        try {
+            return read(path.c_str());
+        } catch (const char* message) {
+            failure = message;
+        }
+        refuse("a file of lines FIELD=VALUE with known fields: " + failure);
+    }
 
     /// A row or column of numbers, at least one.
     Numbers vector() const;

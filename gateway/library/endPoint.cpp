@@ -214,8 +214,14 @@ void wave2ashodCommand(Call& call) {
 void waveVolumeCheckCommand(Call& call) {
     static constexpr const char* meanings[] = {"fit", "too quiet", "too noisy", "clipped"};
     const std::vector<int> wave = call.input(0, "WAVE").samples(16);
-    const std::string file = call.has(1) ? call.input(1, "PARAMFILE").file() : "";
-    const int code = cAudio::waveVolumeCheck(wave.data(), static_cast<int>(wave.size()), file.c_str());
+    int code = 0;
+    const auto check = [&](const char* file) {
+        code = cAudio::waveVolumeCheck(wave.data(), static_cast<int>(wave.size()), file);
+    };
+    if (call.has(1))
+        call.input(1, "PARAMFILE").readFile(check);
+    else
+        check(nullptr);
     call.give(0, scalar(code));
     if (call.wants(1)) call.give(1, mxCreateString(meanings[code]));
 }

@@ -9,10 +9,10 @@ int Framing::frameNum() const {
     return std::max(0, cAudio::getFrameNum2(waveLen, frameSize, overlap));
 }
 
-mxArray* Framing::time() const {
-    std::vector<double> centres(static_cast<size_t>(frameNum()));
-    for (size_t i = 0; i < centres.size(); ++i)
-        centres[i] = (static_cast<double>(i) * step() + frameSize / 2.0) / fs;
+mxArray* Framing::time(int first, int count) const {
+    std::vector<double> centres(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i)
+        centres[static_cast<size_t>(i)] = ((static_cast<double>(first) + i) * step() + frameSize / 2.0) / fs;
     return row(centres);
 }
 

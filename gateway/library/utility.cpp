@@ -24,9 +24,10 @@ struct Scales {
 
 Scales readScales(const Call& call, const Options& options) {
     constexpr double mostRatio = 1000;
-    const Scales scales{options.number("lowerRatio", 0.5, 0, mostRatio),
-                        options.number("upperRatio", 2, 0, mostRatio), options.whole("resolution", 51, 1),
-                        options.whole("distanceType", 1, 1, 2)};
+    constexpr int mostScales = 1000000;
+    const Scales scales{
+        options.number("lowerRatio", 0.5, 0, mostRatio), options.number("upperRatio", 2, 0, mostRatio),
+        options.whole("resolution", 51, 1, mostScales), options.whole("distanceType", 1, 1, 2)};
     if (!(scales.lowerRatio > 0)) options["lowerRatio"].refuse("above 0");
     if (scales.upperRatio < scales.lowerRatio) call.refuse("UPPERRATIO must be at least LOWERRATIO");
     return scales;
@@ -49,19 +50,18 @@ void linearScalingCommand(Call& call) {
     std::vector<double> scaled(reference.size());
     std::vector<double> difference(reference.size());
     int best = 0;
-    double least = 0;
-    if (options.flag("shift", true)) {
-        least = linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper,
-                              resolution, type, distance.data(), shift.data(), scaled.data(),
-                              difference.data(), best, infinity);
-    } else {
-        least = linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper,
-                              resolution, type, distance.data(), scaled.data(), best);
-    }
-    const bool found = least < noMatchDistance;
+    if (options.flag("shift", true))
+        linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper, resolution, type,
+                      distance.data(), shift.data(), scaled.data(), difference.data(), best, infinity);
+    else
+        linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper, resolution, type,
+                      distance.data(), scaled.data(), best);
     std::replace(distance.begin(), distance.end(), noMatchDistance, infinity);
-    call.give(0, scalar(found ? least : infinity));
-    if (call.wants(1)) call.give(1, scalar(found ? scaleRatio(lower, upper, resolution, best) : notANumber));
+    const auto least = std::min_element(distance.begin(), distance.end());
+    const auto scale = static_cast<int>(least - distance.begin());
+    call.give(0, scalar(*least));
+    if (call.wants(1))
+        call.give(1, scalar(*least < infinity ? scaleRatio(lower, upper, resolution, scale) : notANumber));
     if (call.wants(2)) call.give(2, row(distance));
     if (call.wants(3)) call.give(3, row(shift));
 }

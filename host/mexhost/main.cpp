@@ -110,6 +110,8 @@ void run(const Options& options) {
         if (i < options.csv.size()) writeCsv(options.csv[i], *outputs[i]);
     }
     if (options.png.empty() || !outputs.front()) return;
+    if (!holdsNumbers(*outputs.front()))
+        throw std::runtime_error(options.png + ": there are no numbers to draw");
     Axes axes;
     axes.rate = options.rate;
     axes.lags = options.lags;
