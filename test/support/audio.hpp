@@ -33,6 +33,14 @@ void withEveryKernel(Call call) {
     ::unsetenv("WAVEPITCH_KERNEL");
 }
 
+/// The dump of a record ("ptParam->") on one line: what stands between two of its fields becomes a space.
+inline std::string onOneLine(std::string dump, const std::string& record) {
+    dump = withoutLineNumber(dump);
+    const std::string between = " (line N, file=../../../../c/lib/audio/audio)\n" + record;
+    for (size_t at; (at = dump.find(between)) != std::string::npos;) dump.erase(at + 1, between.size() - 1);
+    return dump;
+}
+
 /// The parameters that ptParamSet gives recordings of 16 bits.
 inline PTPARAM trackingDefaults(int fs, PF_TYPE pfType) {
     PTPARAM p;

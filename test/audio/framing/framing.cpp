@@ -21,10 +21,10 @@ TEST(Framing, BufferHasEachSampleInItsPlaceAndZerosElsewhere) {
     Ints wave(30);
     std::iota(wave.begin(), wave.end(), 1);
     for (int waveLen = 0; waveLen <= 30; ++waveLen)
-        for (int frameSize = 1; frameSize < 9; ++frameSize)
-            for (int overlap = -1; overlap <= frameSize; ++overlap) { // at both ends nothing is written
+        for (int frameSize = 0; frameSize < 9; ++frameSize)
+            for (int overlap = -3; overlap <= frameSize; ++overlap) {
                 const int step = frameSize - overlap;
-                const int frameNum = overlap < 0 ? 0 : cAudio::getFrameNum(waveLen, frameSize, overlap);
+                const int frameNum = cAudio::getFrameNum(waveLen, frameSize, overlap);
                 Ints expected, out(300, -1);
                 for (int i = 0; i < frameNum * frameSize; ++i) {
                     const int at = i / frameSize * step - overlap + i % frameSize;

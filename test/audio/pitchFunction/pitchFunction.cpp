@@ -30,17 +30,21 @@ TYPED_TEST(PitchFunction, OfOneFrameEqualsThePlainLoops) {
             EXPECT_EQ(pf, expected) << method << removeMean;
             EXPECT_EQ(frame, plain) << method << removeMean;
         }
-    for (const int frameSize : {0, INT_MIN}) {
+    for (const int frameSize : {0, INT_MIN}) { // no terms
+        pf.assign(40, 1.0);
         frame2acf(frame.data(), frameSize, pf.data(), 40, 3, 1);
         EXPECT_EQ(pf, Doubles(40)) << frameSize;
     }
+    pf.assign(40, 1.0);
+    wave2pfMat(frame.data(), 1, 0, -1, 20, PF_ACF, 3, pf.data()); // two frames
+    EXPECT_EQ(pf, Doubles(40));
 }
 
 TYPED_TEST(PitchFunction, NothingIsWrittenWithoutFramesOrLags) {
-    const int cases[][5] = {
-        {0, 256, 200, 8, 7},        {200, 256, 128, 8, 7},  {9, 4, 4, 8, PF_ACF},
-        {9, 4, INT_MAX, 8, PF_ACF}, {9, -2, -4, 8, PF_ACF}, {9, INT_MIN, INT_MAX, 8, PF_ACF},
-        {9, 0, -1, 8, PF_ACF},      {9, 4, 0, 0, PF_ACF},   {9, 4, 0, INT_MIN, PF_AMDF}};
+    const int cases[][5] = {{0, 256, 200, 8, 7},    {200, 256, 128, 8, 7},
+                            {9, 4, 4, 8, PF_ACF},   {9, 4, INT_MAX, 8, PF_ACF},
+                            {9, -2, -4, 8, PF_ACF}, {9, INT_MIN, INT_MAX, 8, PF_ACF},
+                            {9, 4, 0, 0, PF_ACF},   {9, 4, 0, INT_MIN, PF_AMDF}};
     for (const auto& [waveLen, frameSize, overlap, pfLen, type] : cases) // whatever was touched would crash
         wave2pfMat<TypeParam, double>(nullptr, waveLen, frameSize, overlap, pfLen, PF_TYPE{type}, 3, nullptr);
 }

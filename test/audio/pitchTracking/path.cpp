@@ -102,15 +102,14 @@ TEST(Path, WidestKernelTakesTheSameWay) {
         penalty.push_back(i * 31 % 100);
     }
     for (const double* tabled : {&penalty[128], static_cast<double*>(nullptr)})
-        for (const auto& [squared, low] :
-             {std::pair(false, false), {false, true}, {true, false}, {true, true}}) {
+        for (const int kind : {0, 1, 2, 3}) {
             const auto result = [&](auto version) {
                 std::pair best(std::vector<float>(128), Ints(128));
                 version({total.data(), position.data(), 100, position.data(), 128, best.first.data(),
-                         best.second.data(), tabled, 0.1F, squared, low});
+                         best.second.data(), tabled, 0.1F, kind < 2, kind % 2 == 0});
                 return best;
             };
-            EXPECT_EQ(result(pathStep<64>), result(pathStep<16>)) << squared << low;
+            EXPECT_EQ(result(pathStep<64>), result(pathStep<16>)) << kind;
         }
 }
 

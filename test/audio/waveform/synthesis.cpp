@@ -19,7 +19,7 @@ TEST(Synthesis, WritesWholePeriodsAndEnds) {
     } cases[] = {
         {{69, 0, 69}, {}, 240, 90, 160, 232},
         {{69, 0, 69}, {0.01, 0, 1}, 100, 90, 90, 90},
-        {{0, 69}, {0, 1}, 100, 0, 0, 0}, // the search meets the rest, and no start lies beyond it
+        {{0, 69}, {0, 1}, 100, 90, 90, 90},
         {{notANumber, 69}, {0.01009, 1}, 200, 0, 80, 188},
         {{200, 69}, {0.01, 1}, 200, 0, 80, 188}, // a period of no sample
         {{-1e9}, {1}, 100, 0, 0, 0},             // one beyond the output
