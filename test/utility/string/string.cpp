@@ -26,7 +26,7 @@ TEST(String, EditsInPlace) {
     EXPECT_EQ(edited("a/b/c", [](auto& text) { strRep(text.data(), '/', '\0'); }), "a\0b/c"s);
     char* copy = nullptr;
     str2Lower("@AZ[\xC4", copy);
-    EXPECT_EQ(std::string(std::unique_ptr<char[]>(copy).get()), "@az[\xC4");
+    EXPECT_STREQ(std::unique_ptr<char[]>(copy).get(), "@az[\xC4");
     for (const char c : "\t\n\v\f\r !\x7F\x85\xA0\xFF")
         EXPECT_EQ(isBlank(c) != 0, "\0\t\n\r "s.find(c) != std::string::npos) << static_cast<int>(c);
 }
@@ -59,10 +59,8 @@ TEST(StringList, CleanedJoinedAndPrinted) {
     EXPECT_EQ(console.text(), "none has zero element!\n");
     getAllLatticePath({{"a", "b"}, {"x"}, {"1", "2"}}, paths);
     EXPECT_EQ(paths, (List{"a-x-1", "b-x-1", "a-x-2", "b-x-2"})) << "the first list varies fastest";
-    for (const auto& lattice : {std::vector<List>{}, {{}, {"x"}}, {{"a"}, {}, {"x"}}}) {
-        getAllLatticePath(lattice, paths);
-        EXPECT_EQ(paths, List());
-    }
+    getAllLatticePath({{"a"}, {}, {"x"}}, paths);
+    EXPECT_EQ(paths, List());
 }
 
 TEST(StringList, SearchesJudgeTheFirstOccurrenceAndTheFirstMet) {
