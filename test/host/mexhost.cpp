@@ -65,7 +65,6 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         {probe + "0 1 --csv /nowhere/a.csv", 1, "output 1", "/nowhere/a.csv: cannot be written"},
         {noAudio + " 1", 1, "", "noise.wav: cannot be loaded as a module"},
         {"", 2, "", "MODULE is required"},
-        {probe + "0 --nonsense", 2, "", "--nonsense"},
         {module + speech + "256 128 128 7 1", 1, "Saved error log",
          "error: wave2pfMat: Unknown pfType=7 (line"},
         {module + speech + "256 128 128 0 9", 1, "Unknown method for frame2amdf()!\n", ""},

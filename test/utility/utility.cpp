@@ -1,14 +1,7 @@
 // Rounding, the fatal paths, console and keyboard.
 
-#include "utility/utility.hpp"
+#include "support/utilityTest.hpp"
 
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <climits>
-#include <cmath>
 #include <cstdio>
 #include <ctime>
 
@@ -70,8 +63,7 @@ TEST(Console, InputArrivesInPiecesAndItsEndIsFatal) {
     EXPECT_EQ(myGets(buf), std::string(255, 'a'));
     EXPECT_EQ(myGets(buf), std::string(45, 'a') + "\n");
     EXPECT_EQ(std::string(myGets(buf)) + buf, "lastlast");
-    EXPECT_EQ(fatalMessage([&] { myGets(buf); }),
-              "Error reading string (line N of ../../../../c/lib/utility/utility)");
+    EXPECT_EQ(fatalMessage([&] { myGets(buf); }), "Error reading string" + inUtility);
     EXPECT_EQ(pauseForInput(), EOF);
 }
 

@@ -1,17 +1,10 @@
-#include "utility/utility.hpp"
+#include "support/utilityTest.hpp"
 
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <climits>
 #include <memory>
 
 namespace {
 
 using namespace std::string_literals;
-using List = std::vector<std::string>;
 
 TEST(String, EditsInPlace) {
     const auto edited = [](std::string text, auto edit) { return edit(text), text; };
@@ -66,20 +59,20 @@ TEST(StringList, CleanedJoinedAndPrinted) {
 TEST(StringList, SearchesJudgeTheFirstOccurrenceAndTheFirstMet) {
     const List list{"abc", "xab", "ab", "b", "abab"}, sorted{"a", "ab", "ab", "ab", "b", "\xE9t\xE9"};
     const List keys{"ab", "b", "zebra", "", "\xE9", "abc", "A", "a"};
-    const std::vector<int> found[] = {{0, 1, 2, 4}, {0, 2, 4}, {1, 2}, {2}};
+    const Ints found[] = {{0, 1, 2, 4}, {0, 2, 4}, {1, 2}, {2}};
     const int exact[] = {2, 4, -1, -1, -1, -1, -1, 0}, prefix[] = {2, 4, -1, 2, 5, -1, -1, 2};
-    std::vector<int> matches{9};
+    Ints matches{9};
     for (int matchPos = 0; matchPos < 4; ++matchPos) {
         strVecLinSearch(list, "ab", matches, matchPos);
         EXPECT_EQ(matches, found[matchPos]) << matchPos;
     }
     EXPECT_EQ(fatalMessage([&] { strVecLinSearch(list, "ab", matches, 4); }),
-              "Unknown matchPos in strVecLinSearch (line N of ../../../../c/lib/utility/utility)");
+              "Unknown matchPos in strVecLinSearch" + inUtility);
     EXPECT_EQ(fatalMessage([&] { strVecLinSearch(list, "z", matches, 4); }), "") << "no element, no error";
     EXPECT_EQ(strVecLinSearchFirstMatch(list, "xa") - strVecLinSearchFirstMatch(list, "z"), 2);
     for (std::size_t i = 0; i < keys.size(); ++i) {
         strVecBinSearch(sorted, keys[i], matches, 0);
-        EXPECT_EQ(matches, exact[i] < 0 ? std::vector<int>() : std::vector<int>{exact[i]}) << keys[i];
+        EXPECT_EQ(matches, exact[i] < 0 ? Ints() : Ints{exact[i]}) << keys[i];
         EXPECT_EQ(strVecBinSearchSub1(sorted, INT_MIN, INT_MAX, keys[i]), prefix[i]) << keys[i];
     }
 }

@@ -1,12 +1,5 @@
-#include "utility/utility.hpp"
+#include "support/utilityTest.hpp"
 
-#include "support/console.hpp"
-#include "support/vectors.hpp"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
 #include <cstring>
 #include <ctime>
 
@@ -140,7 +133,7 @@ TEST(VectorOperations, Examples) {
     EXPECT_EQ(vec, (Doubles{1, 1, 1, 2, 2}));
     vec[0] = 0;
     EXPECT_EQ(fatalMessage([&] { replaceZeroWithPrevOne(vec.data(), 5); }),
-              "Wrong vector format (line N of ../../../../c/lib/utility/utility)");
+              "Wrong vector format" + inUtility);
     EXPECT_NEAR(gaussianLog(1, 3, 4), std::log(std::exp(-0.5) / std::sqrt(8 * std::acos(-1.0))), 1e-14);
     char buffer[] = "aaaaaaaa";
     encodeXor(buffer, 7, "\x01\x02\x03", 3);
