@@ -1,25 +1,20 @@
 #include "arguments.hpp"
 
-#include "utility/rounding.hpp"
-
 #include <algorithm>
+#include <bit>
 #include <cctype>
 #include <cmath>
+#include <concepts>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
+#include <type_traits>
 
 namespace {
 
 bool sameName(const std::string& a, const std::string& b) {
     return upperCase(a) == upperCase(b);
-}
-
-/// The shortest of the usual forms: 8000, 0.5, 1e+09.
-std::string textOf(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.15g", value);
-    return text;
 }
 
 /// The text of a row of characters; false for anything else.
@@ -38,18 +33,73 @@ template <typename Names>
 std::string listed(const Names& names) {
     std::string list;
     for (const auto& name : names) list += (list.empty() ? "" : ", ") + std::string(name);
-    return list;
+    return list.empty() ? "none" : list;
 }
 
+/// Calls use with the elements of a numeric array, in their type.
+template <typename Use>
+auto withElements(const mxArray* array, Use use) {
+    const void* elements = mxGetData(array);
+    switch (mxGetClassID(array)) {
+    case mxSINGLE_CLASS:
+        return use(static_cast<const float*>(elements));
+    case mxINT8_CLASS:
+        return use(static_cast<const std::int8_t*>(elements));
+    case mxUINT8_CLASS:
+        return use(static_cast<const std::uint8_t*>(elements));
+    case mxINT16_CLASS:
+        return use(static_cast<const std::int16_t*>(elements));
+    case mxUINT16_CLASS:
+        return use(static_cast<const std::uint16_t*>(elements));
+    case mxINT32_CLASS:
+        return use(static_cast<const std::int32_t*>(elements));
+    case mxUINT32_CLASS:
+        return use(static_cast<const std::uint32_t*>(elements));
+    default:
+        return use(static_cast<const double*>(elements));
+    }
+}
+
+// The loops over samples are simple enough to become vector instructions: a minute of speech is read in about
+// the time that its memory takes.
+
+/// Whether no value is beyond the limit in magnitude, or not a number. Magnitudes are compared by their bits,
+/// which are ordered as they are, with not-a-number above all.
+template <std::floating_point T>
+bool allWithin(std::span<const T> values, T limit) {
+    using Bits = std::conditional_t<sizeof(T) == sizeof(std::uint32_t), std::uint32_t, std::uint64_t>;
+    constexpr Bits sign = std::bit_cast<Bits>(-T{0});
+    const Bits most = std::bit_cast<Bits>(limit);
+    Bits room = 0; // what is left up to the limit; negative for a value beyond
+    for (const T x : values) room |= most - (std::bit_cast<Bits>(x) & (sign - 1));
+    return (room & sign) == 0;
+}
+
+bool allFinite(std::span<const double> values) {
+    return allWithin(values, std::numeric_limits<double>::max());
+}
+
+/// Samples from -1 to 1, times fullScale, rounded as myRound does and kept below fullScale.
 template <typename T>
-double elementAs(const mxArray* array, size_t index) {
-    return static_cast<double>(static_cast<const T*>(mxGetData(array))[index]);
+void roundSamples(std::span<const T> samples, int fullScale, int* out) {
+    const double most = fullScale - 0.5;
+    for (const T sample : samples) {
+        const double scaled = static_cast<double>(sample) * fullScale;
+        const double rounded = scaled + std::copysign(0.5, scaled);
+        *out++ = static_cast<int>(rounded < most ? rounded : most);
+    }
 }
 
 } // namespace
 
 std::string upperCase(std::string text) {
     for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+std::string textOf(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.15g", value);
     return text;
 }
 
@@ -93,29 +143,8 @@ bool Argument::isNumeric() const {
 
 /// The value of a numeric scalar; not-a-number for anything else.
 double Argument::scalar() const {
-    return isNumeric() && rows() == 1 && columns() == 1 ? element(0)
-                                                        : std::numeric_limits<double>::quiet_NaN();
-}
-
-double Argument::element(size_t index) const {
-    switch (classID()) {
-    case mxSINGLE_CLASS:
-        return elementAs<float>(array, index);
-    case mxINT8_CLASS:
-        return elementAs<std::int8_t>(array, index);
-    case mxUINT8_CLASS:
-        return elementAs<std::uint8_t>(array, index);
-    case mxINT16_CLASS:
-        return elementAs<std::int16_t>(array, index);
-    case mxUINT16_CLASS:
-        return elementAs<std::uint16_t>(array, index);
-    case mxINT32_CLASS:
-        return elementAs<std::int32_t>(array, index);
-    case mxUINT32_CLASS:
-        return elementAs<std::uint32_t>(array, index);
-    default:
-        return mxGetPr(array)[index];
-    }
+    if (!isNumeric() || rows() != 1 || columns() != 1) return std::numeric_limits<double>::quiet_NaN();
+    return withElements(array, [](const auto* element) { return static_cast<double>(*element); });
 }
 
 double Argument::number(double least, double most) const {
@@ -174,30 +203,43 @@ std::string Argument::text() const {
 
 std::string Argument::file() const {
     std::string path = text();
-    if (!std::ifstream(path)) refuse("the name of a file that can be read, \"" + path + "\" cannot");
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(path, unknown) || !std::ifstream(path))
+        refuse("the name of a file that can be read, \"" + path + "\" cannot");
     return path;
 }
 
-/// All elements, column after column; the rule is reported where one is not finite.
-std::vector<double> Argument::finiteElements(const std::string& rule) const {
+/// All elements, column after column; the rule is reported where there are none or one is not finite.
+Numbers Argument::finiteElements(const char* rule) const {
     const size_t count = rows() * columns();
     if (count == 0 || count > static_cast<size_t>(mostInt)) refuse(rule);
+    if (classID() == mxDOUBLE_CLASS) {
+        const std::span<const double> hosts(mxGetPr(array), count);
+        if (!allFinite(hosts)) refuse(rule);
+        return Numbers(hosts);
+    }
     std::vector<double> values(count);
-    if (classID() == mxDOUBLE_CLASS)
-        std::copy(mxGetPr(array), mxGetPr(array) + count, values.begin());
-    else
-        for (size_t i = 0; i < count; ++i) values[i] = element(i);
-    if (!std::all_of(values.begin(), values.end(), [](double x) { return std::isfinite(x); })) refuse(rule);
-    return values;
+    withElements(array, [&](const auto* element) { std::copy(element, element + count, values.begin()); });
+    if (!allFinite(values)) refuse(rule);
+    return Numbers(std::move(values));
 }
 
-std::vector<double> Argument::vector() const {
-    constexpr const char* rule = "a real vector of finite numbers, not empty";
-    if (!isNumeric() || (rows() != 1 && columns() != 1)) refuse(rule);
-    return finiteElements(rule);
+namespace {
+
+constexpr const char* vectorRule = "a real vector of finite numbers, not empty";
+
+} // namespace
+
+void Argument::requireVector() const {
+    if (!isNumeric() || (rows() != 1 && columns() != 1)) refuse(vectorRule);
 }
 
-std::vector<double> Argument::numbers() const {
+Numbers Argument::vector() const {
+    requireVector();
+    return finiteElements(vectorRule);
+}
+
+Numbers Argument::numbers() const {
     constexpr const char* rule = "a real matrix of finite numbers, not empty";
     if (!isNumeric()) refuse(rule);
     return finiteElements(rule);
@@ -208,33 +250,45 @@ void Argument::requireSampleClass() const {
         refuse("of class double, single, int8, uint8, int16 or int32");
 }
 
+/// Says what is wrong with samples of floating point.
+void Argument::refuseSamples() const {
+    const Numbers wave = vector();
+    const auto* const loud =
+        std::find_if(wave.data(), wave.data() + wave.size(), [](double x) { return std::fabs(x) > 1; });
+    refuse("samples from -1 to 1, or of an integer class: sample " + std::to_string(loud - wave.data() + 1) +
+           " is " + textOf(*loud));
+}
+
 std::vector<int> Argument::samples(int nbits) const {
-    const std::vector<double> wave = vector();
-    const int fullScale = truncateToInt(std::ldexp(1.0, nbits - 1));
-    std::vector<int> result(wave.size());
-    if (isFloating()) {
-        for (size_t i = 0; i < wave.size(); ++i) {
-            if (std::fabs(wave[i]) > 1)
-                refuse("samples from -1 to 1, or of an integer class: sample " + std::to_string(i + 1) +
-                       " is " + textOf(wave[i]));
-            result[i] = std::min(myRound(wave[i] * fullScale), fullScale - 1);
-        }
-        return result;
-    }
+    requireVector();
     requireSampleClass();
-    const double offset = isSigned() ? 0 : 128;
-    const double scale = std::exp2(nbits - bits());
-    for (size_t i = 0; i < wave.size(); ++i) result[i] = truncateToInt((wave[i] - offset) * scale);
+    const size_t count = rows() * columns();
+    if (count == 0 || count > static_cast<size_t>(mostInt)) refuse(vectorRule);
+    std::vector<int> result(count);
+    const auto read = [&]<typename T>(const T* sample) {
+        if constexpr (std::is_floating_point_v<T>) {
+            const std::span<const T> recording(sample, count);
+            if (!allWithin(recording, T{1})) refuseSamples();
+            roundSamples(recording, 1 << (nbits - 1), result.data());
+        } else {
+            const double offset = std::is_signed_v<T> ? 0 : 128;
+            const double scale = std::exp2(nbits - bits());
+            for (size_t i = 0; i < count; ++i) result[i] = static_cast<int>((sample[i] - offset) * scale);
+        }
+    };
+    withElements(array, read);
     return result;
 }
 
-std::vector<double> Argument::unitSamples() const {
-    std::vector<double> wave = vector();
-    if (isFloating()) return wave;
+Numbers Argument::unitSamples() const {
+    if (isFloating()) return vector();
+    requireVector();
     requireSampleClass();
+    std::vector<double> wave = finiteElements(vectorRule).copy();
     const double offset = isSigned() ? 0 : 128;
-    for (double& sample : wave) sample = (sample - offset) / std::exp2(bits() - 1);
-    return wave;
+    const double scale = std::exp2(1 - bits());
+    for (double& sample : wave) sample = (sample - offset) * scale;
+    return Numbers(std::move(wave));
 }
 
 std::vector<int> Argument::ownSamples(int nbits) const {

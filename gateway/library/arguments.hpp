@@ -5,6 +5,7 @@
 
 #include <initializer_list>
 #include <limits>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,8 +20,34 @@ inline constexpr int mostInt = std::numeric_limits<int>::max();
 /// An argument's name as messages have it.
 std::string upperCase(std::string text);
 
+/// A number in the shortest of the usual forms: 8000, 0.5, 1e+09.
+std::string textOf(double value);
+
 /// A name of the host's and the number that it stands for.
 using Choice = std::pair<const char*, int>;
+
+/// The numbers of an argument: the host's own doubles, which nobody copies, or converted ones.
+class Numbers {
+public:
+    explicit Numbers(std::span<const double> hosts) : values(hosts) {}
+    explicit Numbers(std::vector<double> converted) : own(std::move(converted)), values(own) {}
+    Numbers(Numbers&&) = default; // own's memory moves with it: values stay where they are
+    Numbers(const Numbers&) = delete;
+    Numbers& operator=(Numbers&&) = default;
+    Numbers& operator=(const Numbers&) = delete;
+    ~Numbers() = default;
+
+    const double* data() const { return values.data(); }
+    size_t size() const { return values.size(); }
+    int length() const { return static_cast<int>(values.size()); }
+    auto begin() const { return values.begin(); }
+    auto end() const { return values.end(); }
+    std::vector<double> copy() const { return {values.begin(), values.end()}; }
+
+private:
+    std::vector<double> own;
+    std::span<const double> values;
+};
 
 class Argument {
 public:
@@ -44,13 +71,25 @@ public:
     int choice(std::initializer_list<Choice> choices, bool numbersToo = false) const;
     /// A row of characters.
     std::string text() const;
-    /// The name of a file that can be read.
+    /// The name of a file that can be read: no directory, no device.
     std::string file() const;
+    /// Has such a file read; an exception of the library becomes an error of this argument.
+    template <typename Read>
+    void readFile(Read read) const {
+        const std::string path = file();
+        std::string failure;
+        try {
+            return read(path.c_str());
+        } catch (const char* message) {
+            failure = message;
+        }
+        refuse("a file of lines FIELD=VALUE with known fields: " + failure);
+    }
 
     /// A row or column of numbers, at least one.
-    std::vector<double> vector() const;
+    Numbers vector() const;
     /// Numbers of any shape, at least one, column after column.
-    std::vector<double> numbers() const;
+    Numbers numbers() const;
     size_t rows() const { return mxGetM(array); }
     size_t columns() const { return mxGetN(array); }
 
@@ -63,7 +102,7 @@ public:
     std::vector<int> ownSamples(int nbits) const;
 
     /// A recording for operations on doubles: a floating class as it is, an integer class from -1 to 1.
-    std::vector<double> unitSamples() const;
+    Numbers unitSamples() const;
     /// The bits that samples of this class are best reduced to: 8 for a class of 8 bits, else 16.
     int sampleBits() const { return bits() == 8 ? 8 : 16; }
 
@@ -74,11 +113,12 @@ public:
     int bits() const;
 
 private:
-    void requireSampleClass() const;
     bool isNumeric() const;
     double scalar() const;
-    double element(size_t index) const;
-    std::vector<double> finiteElements(const std::string& rule) const;
+    void requireVector() const;
+    void requireSampleClass() const;
+    Numbers finiteElements(const char* rule) const;
+    [[noreturn]] void refuseSamples() const;
 
     const char* command;
     std::string name;

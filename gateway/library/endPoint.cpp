@@ -3,11 +3,8 @@
 #include "framing.hpp"
 
 #include "audio/audio.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
-#include "utility/file/open.hpp"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -15,8 +12,7 @@ namespace {
 struct Detection {
     Framing framing;
     std::vector<double> segments{};
-    std::vector<double> curve{};
-    std::vector<double> threshold{};
+    endPointCurve::Curve curve{};
 
     void addFrames(int first, int last) {
         segments.insert(segments.end(), {framing.firstSample(first), framing.lastSample(last)});
@@ -35,14 +31,12 @@ struct Recording {
     int bitDepth(const Options& options) const {
         return options.has("nbits") ? options["nbits"].bitDepth() : input.sampleBits();
     }
-    Framing framing(int frameSize, int overlap) const {
-        return {fs, frameSize, overlap, static_cast<int>(input.rows() * input.columns())};
+    Framing framing(endPointCurve::FrameLayout frames) const {
+        return {fs, frames.frameSize, frames.overlap, static_cast<int>(input.rows() * input.columns())};
     }
+    /// Whether the user asks for the curve, its thresholds or its time.
+    bool wantsCurve() const { return call.wants(1); }
 };
-
-std::vector<double> asDoubles(const std::vector<int>& values) {
-    return {values.begin(), values.end()};
-}
 
 EPDPARAM readEpdParam(const Options& options, int fs) {
     constexpr double mostSeconds = 1e6;
@@ -69,17 +63,13 @@ Detection byVolumeOrHod(const Recording& recording, bool hod) {
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(options));
     const auto waveLen = static_cast<int>(wave.size());
     const EPDPARAM param = readEpdParam(options, recording.fs);
-    Detection found{recording.framing(param.frameSize, param.overlap)};
+    Detection found{recording.framing({param.frameSize, param.overlap})};
     int segNum = 0;
     const auto detect = hod ? cAudio::epdByVolHod : cAudio::epdByVol;
     const SegmentArray segments(detect(wave.data(), waveLen, recording.fs, param, &segNum));
     std::for_each_n(segments.get(), segNum, [&](const SEGMENT& s) { found.addFrames(s.begin, s.end); });
-    const auto curveOf = hod ? endPointCurve::volumeAndAshod : endPointCurve::volume;
-    const std::vector<int> curve = curveOf(wave.data(), waveLen, param);
-    found.curve = asDoubles(curve);
-    if (!curve.empty())
-        found.threshold = {
-            static_cast<double>(endPointCurve::threshold(curve, hod ? param.vhRatio : param.volRatio))};
+    const auto curveOf = hod ? endPointCurve::ofVolHod : endPointCurve::ofVol;
+    if (recording.wantsCurve()) found.curve = curveOf(wave.data(), waveLen, param);
     return found;
 }
 
@@ -91,97 +81,65 @@ Detection byVolumeAndAshod(const Recording& recording) {
     return byVolumeOrHod(recording, true);
 }
 
-std::vector<int> volumeOf(const std::vector<int>& wave, const Framing& framing) {
-    std::vector<int> volume(static_cast<size_t>(framing.frameNum()));
-    wave2volume(wave.data(), framing.waveLen, framing.frameSize, framing.overlap, volume.data(), 1);
-    return volume;
-}
-
 Detection byTwoThresholds(const Recording& recording) {
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
-    Detection found{recording.framing(512, 192)};
-    const std::vector<int> volume = volumeOf(wave, found.framing);
-    std::vector<int> frames(volume.size() + 1);
-    const int count = cAudio::epdByVol2(wave.data(), found.framing.waveLen, 0, frames.data(), 0);
+    Detection found{recording.framing(endPointCurve::vol2Frames)};
+    const int waveLen = found.framing.waveLen;
+    std::vector<int> frames(static_cast<size_t>(found.framing.frameNum()) + 1);
+    const int count = cAudio::epdByVol2(wave.data(), waveLen, 0, frames.data(), 0);
     for (size_t i = 0; i < static_cast<size_t>(count); i += 2) found.addFrames(frames[i], frames[i + 1]);
-    found.curve = asDoubles(volume);
-    if (volume.empty()) return found;
-    const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
-    const auto [low, high] = endPointCurve::twoThresholds(*least, *most);
-    found.threshold = {static_cast<double>(low), static_cast<double>(high)};
+    if (recording.wantsCurve()) found.curve = endPointCurve::ofVol2(wave.data(), waveLen);
     return found;
 }
 
 Detection byVolumeAndZcr(const Recording& recording) {
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
-    Detection found{recording.framing(320, 240)};
+    Detection found{recording.framing(endPointCurve::volZcrFrames)};
+    const int waveLen = found.framing.waveLen;
     int start = 0;
     int end = 0;
-    cAudio::epdByVolZcr(wave.data(), found.framing.waveLen, 0, &start, &end);
+    cAudio::epdByVolZcr(wave.data(), waveLen, 0, &start, &end);
     found.addSamples(start, end);
-    found.curve = asDoubles(volumeOf(wave, found.framing));
-    if (found.curve.empty()) return found;
-    const double most = *std::max_element(found.curve.begin(), found.curve.end());
-    found.threshold = {0.0625 * most, 0.125 * most};
-    return found;
-}
-
-Detection byDecibels(const Recording& recording, bool sentence) {
-    const Options options =
-        recording.options(sentence ? std::vector<const char*>{} : std::vector<const char*>{"maxNum"});
-    std::vector<double> wave = recording.input.unitSamples();
-    Detection found{recording.framing(256, 86)};
-    const int waveLen = found.framing.waveLen;
-    if (sentence) {
-        int start = -1;
-        int end = -1;
-        cAudio::sentenceEndPointDetect(wave.data(), waveLen, recording.fs, &start, &end);
-        if (start >= 0) found.addSamples(start, end);
-    } else {
-        const int maxNum = options.whole("maxNum", 100, 1, 1000000);
-        std::vector<double> start(static_cast<size_t>(maxNum));
-        std::vector<double> end(start.size());
-        const int count =
-            cAudio::charEndPointDetect(wave.data(), waveLen, recording.fs, start.data(), end.data(), maxNum);
-        for (size_t i = 0; i < static_cast<size_t>(count); ++i) found.addSamples(start[i], end[i]);
-    }
-    found.curve = endPointCurve::decibels(wave.data(), waveLen);
-    if (found.curve.empty()) return found;
-    const double most = *std::max_element(found.curve.begin(), found.curve.end());
-    found.threshold = {most - 30, most - 20};
+    if (recording.wantsCurve()) found.curve = endPointCurve::ofVolZcr(wave.data(), waveLen);
     return found;
 }
 
 Detection byCharacters(const Recording& recording) {
-    return byDecibels(recording, false);
+    const int maxNum = recording.options({"maxNum"}).whole("maxNum", 100, 1, 1000000);
+    std::vector<double> wave = recording.input.unitSamples().copy();
+    Detection found{recording.framing(endPointCurve::characterFrames)};
+    const int waveLen = found.framing.waveLen;
+    std::vector<double> start(static_cast<size_t>(maxNum));
+    std::vector<double> end(start.size());
+    const int count =
+        cAudio::charEndPointDetect(wave.data(), waveLen, recording.fs, start.data(), end.data(), maxNum);
+    for (size_t i = 0; i < static_cast<size_t>(count); ++i) found.addSamples(start[i], end[i]);
+    if (recording.wantsCurve()) found.curve = endPointCurve::ofCharacters(wave.data(), waveLen);
+    return found;
 }
 
 Detection bySentence(const Recording& recording) {
-    return byDecibels(recording, true);
+    recording.options({});
+    std::vector<double> wave = recording.input.unitSamples().copy();
+    Detection found{recording.framing(endPointCurve::characterFrames)};
+    const int waveLen = found.framing.waveLen;
+    int start = -1;
+    int end = -1;
+    cAudio::sentenceEndPointDetect(wave.data(), waveLen, recording.fs, &start, &end);
+    if (start >= 0) found.addSamples(start, end);
+    if (recording.wantsCurve()) found.curve = endPointCurve::ofCharacters(wave.data(), waveLen);
+    return found;
 }
 
-/// Sums of absolute deviations from each frame's mean; the threshold does not look at the first 0.2 s.
 Detection byHandset(const Recording& recording) {
     const int nbits = recording.bitDepth(recording.options({"nbits"}));
-    std::vector<double> wave = recording.input.unitSamples();
-    Detection found{recording.framing(256, 128)};
+    std::vector<double> wave = recording.input.unitSamples().copy();
+    Detection found{recording.framing(endPointCurve::handsetFrames)};
+    const int waveLen = found.framing.waveLen;
     double frames[2] = {1e9, -1e9}; // where nothing is marked, the first sample comes out behind the last
-    cAudio::endPointDetect4quokka(wave.data(), found.framing.waveLen, recording.fs, nbits, frames);
+    cAudio::endPointDetect4quokka(wave.data(), waveLen, recording.fs, nbits, frames);
     found.addSamples(frames[0], frames[1]);
-    found.curve.resize(static_cast<size_t>(found.framing.frameNum()));
-    featurePerFrame(wave.data(), found.framing.waveLen, 256, 128, found.curve.data(),
-                    [](const double* frame) {
-                        double mean = 0;
-                        for (int i = 0; i < 256; ++i) mean += frame[i] / 256;
-                        double sum = 0;
-                        for (int i = 0; i < 256; ++i) sum += std::fabs(frame[i] - mean);
-                        return sum;
-                    });
-    const double silent = std::max(0.0, std::floor((0.2 * recording.fs - 128) / 128) - 1);
-    if (silent < static_cast<double>(found.curve.size())) {
-        const auto heard = found.curve.begin() + static_cast<std::ptrdiff_t>(silent);
-        found.threshold = {0.15 * *std::max_element(heard, found.curve.end())};
-    }
+    if (recording.wantsCurve()) found.curve = endPointCurve::ofHandset(wave.data(), waveLen, recording.fs);
     return found;
 }
 
@@ -213,7 +171,6 @@ void endPointsCommand(Call& call) {
     static constexpr Detection (*detectors[])(const Recording&) = {
         byVolume, byVolumeAndAshod, byTwoThresholds, byVolumeAndZcr, byCharacters, bySentence, byHandset};
     const Argument input = call.input(0, "WAVE");
-    input.vector();
     const int fs = call.input(1, "FS").whole(1);
     const int method = call.has(2) ? call.input(2, "METHOD")
                                          .choice({{"volume", 0},
@@ -226,8 +183,8 @@ void endPointsCommand(Call& call) {
                                    : 0;
     const Detection found = detectors[method]({call, input, fs});
     call.give(0, segmentRows(call, found.segments, found.framing.waveLen));
-    if (call.wants(1)) call.give(1, row(found.curve));
-    if (call.wants(2)) call.give(2, row(found.threshold));
+    if (call.wants(1)) call.give(1, row(found.curve.values));
+    if (call.wants(2)) call.give(2, row(found.curve.thresholds));
     if (call.wants(3)) call.give(3, found.framing.time());
 }
 
@@ -257,8 +214,14 @@ void wave2ashodCommand(Call& call) {
 void waveVolumeCheckCommand(Call& call) {
     static constexpr const char* meanings[] = {"fit", "too quiet", "too noisy", "clipped"};
     const std::vector<int> wave = call.input(0, "WAVE").samples(16);
-    const std::string file = call.has(1) ? call.input(1, "PARAMFILE").file() : "";
-    const int code = cAudio::waveVolumeCheck(wave.data(), static_cast<int>(wave.size()), file.c_str());
+    int code = 0;
+    const auto check = [&](const char* file) {
+        code = cAudio::waveVolumeCheck(wave.data(), static_cast<int>(wave.size()), file);
+    };
+    if (call.has(1))
+        call.input(1, "PARAMFILE").readFile(check);
+    else
+        check(nullptr);
     call.give(0, scalar(code));
     if (call.wants(1)) call.give(1, mxCreateString(meanings[code]));
 }

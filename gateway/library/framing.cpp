@@ -9,10 +9,10 @@ int Framing::frameNum() const {
     return std::max(0, cAudio::getFrameNum2(waveLen, frameSize, overlap));
 }
 
-mxArray* Framing::time() const {
-    std::vector<double> centres(static_cast<size_t>(frameNum()));
-    for (size_t i = 0; i < centres.size(); ++i)
-        centres[i] = (static_cast<double>(i) * step() + frameSize / 2.0) / fs;
+mxArray* Framing::time(int first, int count) const {
+    std::vector<double> centres(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i)
+        centres[static_cast<size_t>(i)] = ((static_cast<double>(first) + i) * step() + frameSize / 2.0) / fs;
     return row(centres);
 }
 
@@ -23,10 +23,10 @@ Framing readFraming(const Options& options, int fs, int waveLen, int mostFrameSi
 }
 
 void wave2framesCommand(Call& call) {
-    const std::vector<double> wave = call.input(0, "WAVE").vector();
+    const Numbers wave = call.input(0, "WAVE").vector();
     const int fs = call.input(1, "FS").whole(1);
     const Options options = call.options(2, {"frameSize", "overlap"});
-    const Framing framing = readFraming(options, fs, static_cast<int>(wave.size()));
+    const Framing framing = readFraming(options, fs, wave.length());
     const int frameNum = framing.frameNum();
     std::vector<int> start(static_cast<size_t>(frameNum));
     cAudio::buffer2(framing.waveLen, framing.frameSize, framing.overlap, start.data());

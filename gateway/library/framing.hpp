@@ -9,14 +9,15 @@ struct Framing {
     int overlap;
     int waveLen;
 
-    int step() const { return frameSize - overlap; }
+    double step() const { return static_cast<double>(frameSize) - overlap; }
     /// Whole frames; 0 for a recording that is too short for one.
     int frameNum() const;
     /// The first and the last sample of a frame, from 1.
-    double firstSample(int frame) const { return static_cast<double>(frame) * step() + 1; }
-    double lastSample(int frame) const { return static_cast<double>(frame) * step() + frameSize; }
-    /// The centres of the frames in seconds, 1 x frameNum.
-    mxArray* time() const;
+    double firstSample(int frame) const { return frame * step() + 1; }
+    double lastSample(int frame) const { return frame * step() + frameSize; }
+    /// The centres in seconds of count frames from the first on, from 0: 1 x count.
+    mxArray* time(int first, int count) const;
+    mxArray* time() const { return time(0, frameNum()); }
 };
 
 /// Reads the options frameSize (32 ms) and overlap (half of it).

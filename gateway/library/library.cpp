@@ -5,6 +5,7 @@
 #include "command.hpp"
 
 #include <algorithm>
+#include <new>
 #include <string>
 
 namespace {
@@ -69,8 +70,10 @@ void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
     try {
         command.run(call);
         return;
-    } catch (const char* message) { // of a parameter file, say
+    } catch (const char* message) {
         failure = message;
+    } catch (const std::bad_alloc&) {
+        failure = "there is not enough memory";
     }
     refuse(command.name, failure);
 }

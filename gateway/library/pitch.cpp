@@ -13,10 +13,11 @@ namespace {
 
 struct Track {
     PTPARAM param;
+    Framing framing;
     std::vector<double> pitch;
-    std::vector<double> clarity;
-    mxArray* pfMat;
-    int first = 0; // the frames that are handed out
+    std::vector<double> clarity{}; // where the user asks for it
+    mxArray* pfMat = nullptr;      // the same
+    int first = 0;                 // the frames that are handed out
     int count = 0;
 };
 
@@ -24,11 +25,13 @@ struct Track {
 Track track(const Call& call, const std::vector<int>& wave, PTPARAM param) {
     const Framing framing{param.fs, param.frameSize, param.overlap, static_cast<int>(wave.size())};
     const int frameNum = framing.frameNum();
-    Track result{param, std::vector<double>(static_cast<size_t>(frameNum)),
-                 std::vector<double>(static_cast<size_t>(frameNum)), matrix(call, param.pfLen, frameNum)};
+    Track result{param, framing, std::vector<double>(static_cast<size_t>(frameNum))};
+    if (call.wants(2)) result.clarity.resize(result.pitch.size());
+    if (call.wants(3)) result.pfMat = matrix(call, param.pfLen, frameNum);
     result.param.cutLeadingTrailingZero = 0;
     ptByDpOverPfOnce<double, int>(wave.data(), framing.waveLen, result.param, result.pitch.data(),
-                                  result.clarity.data(), mxGetPr(result.pfMat), nullptr);
+                                  call.wants(2) ? result.clarity.data() : nullptr,
+                                  result.pfMat ? mxGetPr(result.pfMat) : nullptr, nullptr);
     result.param.cutLeadingTrailingZero = param.cutLeadingTrailingZero;
     int last = frameNum - 1;
     if (param.cutLeadingTrailingZero != 0)
@@ -39,16 +42,6 @@ Track track(const Call& call, const std::vector<int>& wave, PTPARAM param) {
 
 mxArray* frames(const Track& track, const double* values) {
     return row(std::vector<double>(values + track.first, values + track.first + track.count));
-}
-
-mxArray* timeOf(const Track& track) {
-    const PTPARAM& p = track.param;
-    std::vector<double> time(static_cast<size_t>(track.count));
-    for (size_t i = 0; i < time.size(); ++i) {
-        const double frame = static_cast<double>(i) + track.first;
-        time[i] = (frame * (static_cast<double>(p.frameSize) - p.overlap) + p.frameSize / 2.0) / p.fs;
-    }
-    return row(time);
 }
 
 mxArray* pfMatOf(const Call& call, const Track& track) {
@@ -88,7 +81,7 @@ void wave2pitchCommand(Call& call) {
         for (double& pitch : result.pitch)
             pitch = static_cast<double>(cAudio::pitch2freq(static_cast<float>(pitch)));
     call.give(0, frames(result, result.pitch.data()));
-    if (call.wants(1)) call.give(1, timeOf(result));
+    if (call.wants(1)) call.give(1, result.framing.time(result.first, result.count));
     if (call.wants(2)) call.give(2, frames(result, result.clarity.data()));
     if (call.wants(3)) call.give(3, pfMatOf(call, result));
     if (call.wants(4)) call.give(4, structOf(result.param));
@@ -121,10 +114,14 @@ void ptParamCommand(Call& call) {
     const int nbits = call.has(1) ? call.input(1, "NBITS").bitDepth() : 16;
     const int pfType =
         call.has(2) ? call.input(2, "PFTYPE").choice({{"amdf", PF_AMDF}, {"acf", PF_ACF}}, true) : PF_ACF;
-    const std::string file = call.has(3) ? call.input(3, "PARAMFILE").file() : "";
     PTPARAM param{};
-    cAudio::ptParamSet(&param, fs, nbits, static_cast<PF_TYPE>(pfType),
-                       file.empty() ? nullptr : file.c_str());
+    const auto set = [&](const char* file) {
+        cAudio::ptParamSet(&param, fs, nbits, static_cast<PF_TYPE>(pfType), file);
+    };
+    if (call.has(3))
+        call.input(3, "PARAMFILE").readFile(set);
+    else
+        set(nullptr);
     checkPitchParam(call, param);
     call.give(0, structOf(param));
 }

@@ -7,8 +7,8 @@
 #include <algorithm>
 
 void wave2pfMatCommand(Call& call) {
-    const std::vector<double> wave = call.input(0, "WAVE").unitSamples();
-    const auto waveLen = static_cast<int>(wave.size());
+    const Numbers wave = call.input(0, "WAVE").unitSamples();
+    const int waveLen = wave.length();
     const int frameSize = call.input(1, "FRAMESIZE").whole(1);
     const int overlap = call.input(2, "OVERLAP").whole(0, frameSize - 1);
     const int pfLen = call.input(3, "PFLEN").whole(1);

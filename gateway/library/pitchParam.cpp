@@ -4,6 +4,7 @@
 
 #include "audio/audio.hpp"
 
+#include <algorithm>
 #include <type_traits>
 #include <variant>
 
@@ -20,13 +21,14 @@ struct Field {
     Input input;
 };
 
+constexpr int leastFrameSize = 2;
 constexpr double mostPitch = 200; // semitones
 constexpr double mostWeight = 1e9;
 
 const Field fields[] = {
     {"fs", &PTPARAM::fs, 1, mostInt, Input::none},
     {"nbits", &PTPARAM::nbits, 1, 32, Input::none},
-    {"frameSize", &PTPARAM::frameSize, 2, mostInt, Input::number},
+    {"frameSize", &PTPARAM::frameSize, leastFrameSize, mostInt, Input::number},
     {"overlap", &PTPARAM::overlap, -mostInt, mostInt, Input::number},
     {"pfLen", &PTPARAM::pfLen, 2, mostInt, Input::number},
     {"ppcNum", &PTPARAM::ppcNum, 0, mostInt, Input::number},
@@ -89,32 +91,44 @@ PTPARAM readPitchParam(const Call& call, const Options& options, int fs, int nbi
     const auto pfType = static_cast<PF_TYPE>(
         options.has("pfType") ? options["pfType"].choice({{"amdf", PF_AMDF}, {"acf", PF_ACF}}, true)
                               : PF_ACF);
-    if (options.has("nbits")) nbits = options["nbits"].bitDepth();
     PTPARAM param{};
-    if (options.has("frameRate")) {
+    const bool hasFrameRate = options.has("frameRate");
+    if (hasFrameRate) {
         const auto frameRate = static_cast<float>(options["frameRate"].number(1e-3, fs));
         cAudio::ptParamSet(&param, frameRate, fs, nbits, pfType);
     } else {
         cAudio::ptParamSet(&param, fs, nbits, pfType, nullptr);
     }
-    if (options.has("paramFile")) cAudio::ptParamRead(options["paramFile"].file().c_str(), &param);
+    if (options.has("frameSize"))
+        param.pfLen = std::max(leastFrameSize, options["frameSize"].whole(leastFrameSize) / 2);
+    if (options.has("paramFile")) {
+        const PTPARAM asked = param;
+        options["paramFile"].readFile([&](const char* file) { cAudio::ptParamRead(file, &param); });
+        param.fs = fs;
+        param.nbits = nbits;
+        if (options.has("pfType")) param.pfType = pfType;
+        if (hasFrameRate) {
+            param.frameSize = asked.frameSize;
+            param.overlap = asked.overlap;
+        }
+    }
     for (const Field& field : fields)
         if (field.input != Input::none && options.has(field.name))
             setField(param, field, options[field.name]);
-    if (options.has("frameSize") && !options.has("pfLen")) param.pfLen = param.frameSize / 2;
     checkPitchParam(call, param);
-    const double step = static_cast<double>(param.frameSize) - param.overlap;
-    if (!options.has("frameRate")) param.frameRate = static_cast<int>(param.fs / step);
+    param.frameRate = static_cast<int>(fs / (static_cast<double>(param.frameSize) - param.overlap));
     return param;
 }
 
 void checkPitchParam(const Call& call, const PTPARAM& param) {
     for (const Field& field : fields) {
         const double value = valueOf(param, field);
-        if (value >= field.least && value <= field.most) continue;
-        call.refuse(upperCase(field.name) + " = " + std::to_string(value) + " is out of its range");
+        if (!(value >= field.least && value <= field.most))
+            call.refuse(upperCase(field.name) + " must be from " + textOf(field.least) + " to " +
+                        textOf(field.most) + ", not " + textOf(value));
     }
-    if (param.pfType != PF_AMDF && param.pfType != PF_ACF) call.refuse("PFTYPE must be 0 or 1");
+    if (param.pfType != PF_AMDF && param.pfType != PF_ACF)
+        call.refuse("PFTYPE must be 0 or 1, not " + std::to_string(param.pfType));
     if (param.overlap >= param.frameSize)
         call.refuse("OVERLAP = " + std::to_string(param.overlap) +
                     " must be below FRAMESIZE = " + std::to_string(param.frameSize));

@@ -33,20 +33,18 @@ mxArray* scalar(double value) {
     return array;
 }
 
-mxArray* likeVector(const Argument& shape, const std::vector<double>& values) {
+mxArray* vectorLike(const Argument& shape, size_t count) {
     const bool isRow = shape.rows() == 1;
-    const auto count = static_cast<int>(values.size());
-    mxArray* array = mxCreateDoubleMatrix(isRow ? 1 : count, isRow ? count : 1, mxREAL);
-    std::copy(values.begin(), values.end(), mxGetPr(array));
-    return array;
+    const auto length = static_cast<int>(count);
+    return mxCreateDoubleMatrix(isRow ? 1 : length, isRow ? length : 1, mxREAL);
 }
 
 mxArray* likeSamples(const Argument& shape, const std::vector<int>& samples, int nbits) {
     if (shape.isFloating()) {
-        std::vector<double> values(samples.size());
-        std::transform(samples.begin(), samples.end(), values.begin(),
+        mxArray* array = vectorLike(shape, samples.size());
+        std::transform(samples.begin(), samples.end(), mxGetPr(array),
                        [=](int sample) { return static_cast<double>(sample) / (1 << (nbits - 1)); });
-        return likeVector(shape, values);
+        return array;
     }
     const bool isRow = shape.rows() == 1;
     mxArray* array = mxCreateNumericMatrix(isRow ? 1 : sizeOf(samples), isRow ? sizeOf(samples) : 1,

@@ -19,8 +19,8 @@ mxArray* row(const std::vector<T>& values, double shift = 0) {
 
 mxArray* scalar(double value);
 
-/// A vector of the shape of an input, a row or a column.
-mxArray* likeVector(const Argument& shape, const std::vector<double>& values);
+/// A vector of count zeros, a row or a column as an input is.
+mxArray* vectorLike(const Argument& shape, size_t count);
 
 /// Samples in the class of an input, saturated, a row or a column as it is; unsigned 8 bits around 128.
 /// Samples for an input of floating point are divided by 2^(nbits - 1).

@@ -21,10 +21,10 @@ int readPaddedSize(const Options& options, const Call& call, int frameSize) {
 } // namespace
 
 void absSpectrogramCommand(Call& call) {
-    const std::vector<double> wave = call.input(0, "WAVE").unitSamples();
+    const Numbers wave = call.input(0, "WAVE").unitSamples();
     const int fs = call.input(1, "FS").whole(1);
     const Options options = call.options(2, {"frameSize", "overlap", "paddedSize", "hamming"});
-    const Framing framing = readFraming(options, fs, static_cast<int>(wave.size()), mostPaddedSize);
+    const Framing framing = readFraming(options, fs, wave.length(), mostPaddedSize);
     const int paddedSize = readPaddedSize(options, call, framing.frameSize);
     const int bins = paddedSize / 2 + 1;
 

@@ -24,9 +24,10 @@ struct Scales {
 
 Scales readScales(const Call& call, const Options& options) {
     constexpr double mostRatio = 1000;
-    const Scales scales{options.number("lowerRatio", 0.5, 0, mostRatio),
-                        options.number("upperRatio", 2, 0, mostRatio), options.whole("resolution", 51, 1),
-                        options.whole("distanceType", 1, 1, 2)};
+    constexpr int mostScales = 1000000;
+    const Scales scales{
+        options.number("lowerRatio", 0.5, 0, mostRatio), options.number("upperRatio", 2, 0, mostRatio),
+        options.whole("resolution", 51, 1, mostScales), options.whole("distanceType", 1, 1, 2)};
     if (!(scales.lowerRatio > 0)) options["lowerRatio"].refuse("above 0");
     if (scales.upperRatio < scales.lowerRatio) call.refuse("UPPERRATIO must be at least LOWERRATIO");
     return scales;
@@ -35,13 +36,13 @@ Scales readScales(const Call& call, const Options& options) {
 } // namespace
 
 void linearScalingCommand(Call& call) {
-    const std::vector<double> query = call.input(0, "QUERY").vector();
-    const std::vector<double> reference = call.input(1, "REFERENCE").vector();
+    const Numbers query = call.input(0, "QUERY").vector();
+    const Numbers reference = call.input(1, "REFERENCE").vector();
     const Options options =
         call.options(2, {"lowerRatio", "upperRatio", "resolution", "distanceType", "shift"});
     const auto [lower, upper, resolution, type] = readScales(call, options);
-    const auto queryLen = static_cast<int>(query.size());
-    const auto referenceLen = static_cast<int>(reference.size());
+    const int queryLen = query.length();
+    const int referenceLen = reference.length();
     const auto count = static_cast<size_t>(resolution);
 
     std::vector<double> distance(count, noMatchDistance);
@@ -49,31 +50,30 @@ void linearScalingCommand(Call& call) {
     std::vector<double> scaled(reference.size());
     std::vector<double> difference(reference.size());
     int best = 0;
-    double least = 0;
-    if (options.flag("shift", true)) {
-        least = linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper,
-                              resolution, type, distance.data(), shift.data(), scaled.data(),
-                              difference.data(), best, infinity);
-    } else {
-        least = linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper,
-                              resolution, type, distance.data(), scaled.data(), best);
-    }
-    const bool found = least < noMatchDistance;
+    if (options.flag("shift", true))
+        linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper, resolution, type,
+                      distance.data(), shift.data(), scaled.data(), difference.data(), best, infinity);
+    else
+        linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper, resolution, type,
+                      distance.data(), scaled.data(), best);
     std::replace(distance.begin(), distance.end(), noMatchDistance, infinity);
-    call.give(0, scalar(found ? least : infinity));
-    if (call.wants(1)) call.give(1, scalar(found ? scaleRatio(lower, upper, resolution, best) : notANumber));
+    const auto least = std::min_element(distance.begin(), distance.end());
+    const auto scale = static_cast<int>(least - distance.begin());
+    call.give(0, scalar(*least));
+    if (call.wants(1))
+        call.give(1, scalar(*least < infinity ? scaleRatio(lower, upper, resolution, scale) : notANumber));
     if (call.wants(2)) call.give(2, row(distance));
     if (call.wants(3)) call.give(3, row(shift));
 }
 
 void lrShiftDistCommand(Call& call) {
-    const std::vector<double> vec1 = call.input(0, "VEC1").vector();
-    const std::vector<double> vec2 = call.input(1, "VEC2").vector();
+    const Numbers vec1 = call.input(0, "VEC1").vector();
+    const Numbers vec2 = call.input(1, "VEC2").vector();
     const int distanceType = call.has(2) ? call.input(2, "DISTANCETYPE").whole(1, 2) : 1;
     double shift = 0;
     int position = -1;
-    const double distance = lrShiftDist(vec1.data(), static_cast<int>(vec1.size()), vec2.data(),
-                                        static_cast<int>(vec2.size()), distanceType, shift, position);
+    const double distance =
+        lrShiftDist(vec1.data(), vec1.length(), vec2.data(), vec2.length(), distanceType, shift, position);
     const bool found = position >= 0;
     call.give(0, scalar(found ? distance : infinity));
     if (call.wants(1)) call.give(1, scalar(position + 1));
@@ -82,7 +82,7 @@ void lrShiftDistCommand(Call& call) {
 
 void setCoverCommand(Call& call) {
     const Argument input = call.input(0, "SETS");
-    std::vector<double> sets = input.numbers();
+    std::vector<double> sets = input.numbers().copy();
     const auto isElement = [](double x) { return x >= 0 && x <= mostInt && x == std::floor(x); };
     if (!std::all_of(sets.begin(), sets.end(), isElement))
         input.refuse("a matrix of element numbers, whole and from 1, and of zeros for no element");

@@ -21,8 +21,8 @@ int lengthOf(const Call& call, double length) {
 }
 
 struct Notes {
-    std::vector<double> pitch;
-    std::vector<double> duration;
+    Numbers pitch;
+    Numbers duration;
 
     double total() const { return std::accumulate(duration.begin(), duration.end(), 0.0); }
 };
@@ -38,7 +38,7 @@ Notes readNotes(const Call& call) {
 
 mxArray* mapped(Call& call, const char* name, float (*function)(float)) {
     const Argument input = call.input(0, name);
-    const std::vector<double> values = input.numbers();
+    const Numbers values = input.numbers();
     mxArray* out = matrix(call, static_cast<double>(input.rows()), static_cast<double>(input.columns()));
     std::transform(values.begin(), values.end(), mxGetPr(out), [=](double value) {
         return static_cast<double>(function(static_cast<float>(std::clamp(value, -1e30, 1e30))));
@@ -49,14 +49,15 @@ mxArray* mapped(Call& call, const char* name, float (*function)(float)) {
 } // namespace
 
 void waveFilterCommand(Call& call) {
-    const std::vector<double> b = call.input(0, "B").vector();
-    const std::vector<double> a = call.input(1, "A").vector();
-    if (a.front() != 1) call.input(1, "A").refuse("a vector that begins with 1");
+    const Numbers b = call.input(0, "B").vector();
+    const Numbers a = call.input(1, "A").vector();
+    if (*a.begin() != 1) call.input(1, "A").refuse("a vector that begins with 1");
     const Argument input = call.input(2, "WAVE");
-    std::vector<double> wave = input.unitSamples();
-    cAudio::filter(b.data(), static_cast<int>(b.size()), a.data(), static_cast<int>(a.size()), wave.data(),
-                   static_cast<int>(wave.size()));
-    call.give(0, likeVector(input, wave));
+    const Numbers wave = input.unitSamples();
+    mxArray* out = vectorLike(input, wave.size());
+    std::copy(wave.begin(), wave.end(), mxGetPr(out));
+    cAudio::filter(b.data(), b.length(), a.data(), a.length(), mxGetPr(out), wave.length());
+    call.give(0, out);
 }
 
 void waveEchoCommand(Call& call) {
@@ -65,10 +66,10 @@ void waveEchoCommand(Call& call) {
     const double delay = call.input(2, "DELAY").number(0, mostNumber);
     const double gain = call.input(3, "GAIN").number(-mostNumber, mostNumber);
     if (input.isFloating()) {
-        const std::vector<double> wave = input.vector();
-        std::vector<double> out(wave.size());
-        cAudio::waveEcho(wave.data(), static_cast<int>(wave.size()), fs, delay, gain, out.data());
-        call.give(0, likeVector(input, out));
+        const Numbers wave = input.vector();
+        mxArray* out = vectorLike(input, wave.size());
+        cAudio::waveEcho(wave.data(), wave.length(), fs, delay, gain, mxGetPr(out));
+        call.give(0, out);
     } else {
         const std::vector<int> wave = input.ownSamples(16);
         std::vector<int> out(wave.size());
@@ -92,24 +93,25 @@ void waveResampleCommand(Call& call) {
 
 void pitch2waveCommand(Call& call) {
     const Argument input = call.input(0, "PITCH");
-    const std::vector<double> pitch = input.vector();
+    const Numbers pitch = input.vector();
     const double pitchRate = call.input(1, "PITCHRATE").positive();
     const int fs = call.input(2, "FS").whole(1);
     const double duration = call.has(3) ? call.input(3, "DURATION").number(0, mostNumber)
                                         : static_cast<double>(pitch.size()) / pitchRate;
-    std::vector<double> wave(static_cast<size_t>(lengthOf(call, std::round(duration * fs))));
-    cAudio::pitch2wave(pitch.data(), static_cast<int>(pitch.size()), pitchRate, fs, wave.data(),
-                       static_cast<int>(wave.size()));
-    call.give(0, likeVector(input, wave));
+    const int waveLen = lengthOf(call, std::round(duration * fs));
+    mxArray* wave = vectorLike(input, static_cast<size_t>(waveLen));
+    cAudio::pitch2wave(pitch.data(), pitch.length(), pitchRate, fs, mxGetPr(wave), waveLen);
+    call.give(0, wave);
 }
 
 void note2waveCommand(Call& call) {
     const Notes notes = readNotes(call);
     const int fs = call.input(2, "FS").whole(1);
-    std::vector<double> wave(static_cast<size_t>(lengthOf(call, std::floor(notes.total() * fs))));
-    cAudio::note2wave(notes.pitch.data(), static_cast<int>(notes.pitch.size()), notes.duration.data(), fs,
-                      wave.data(), static_cast<int>(wave.size()));
-    call.give(0, likeVector(call.input(0, "PITCH"), wave));
+    const int waveLen = lengthOf(call, std::floor(notes.total() * fs));
+    mxArray* wave = vectorLike(call.input(0, "PITCH"), static_cast<size_t>(waveLen));
+    cAudio::note2wave(notes.pitch.data(), notes.pitch.length(), notes.duration.data(), fs, mxGetPr(wave),
+                      waveLen);
+    call.give(0, wave);
 }
 
 void note2pvCommand(Call& call) {
@@ -117,7 +119,7 @@ void note2pvCommand(Call& call) {
     const double timeStep = call.input(2, "TIMESTEP").positive();
     std::vector<double> pairs;
     for (size_t i = 0; i < notes.pitch.size(); ++i)
-        pairs.insert(pairs.end(), {notes.pitch[i], notes.duration[i]});
+        pairs.insert(pairs.end(), {notes.pitch.data()[i], notes.duration.data()[i]});
     std::vector<double> pitch(static_cast<size_t>(lengthOf(call, std::round(notes.total() / timeStep))));
     cAudio::note2pv(pairs.data(), lengthOf(call, static_cast<double>(pairs.size())), timeStep, pitch.data(),
                     static_cast<int>(pitch.size()));

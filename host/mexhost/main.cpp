@@ -28,6 +28,7 @@ struct Options {
     bool lags = false;
     bool gaps = false;
     int times = 0;
+    std::string label = "Value";
 };
 
 void declare(CLI::App& app, Options& options) {
@@ -50,6 +51,8 @@ void declare(CLI::App& app, Options& options) {
     app.add_option("--times", options.times, "output N holds the columns' times in seconds, evenly spaced")
         ->type_name("N")
         ->check(CLI::PositiveNumber);
+    app.add_option("--label", options.label, "what the values of the first output are")
+        ->capture_default_str();
     app.add_flag("--gaps", options.gaps, "zeros in a curve are gaps");
     app.add_flag("--lags", options.lags, "rows are lags in samples, from 0");
 }
@@ -107,10 +110,13 @@ void run(const Options& options) {
         if (i < options.csv.size()) writeCsv(options.csv[i], *outputs[i]);
     }
     if (options.png.empty() || !outputs.front()) return;
+    if (!holdsNumbers(*outputs.front()))
+        throw std::runtime_error(options.png + ": there are no numbers to draw");
     Axes axes;
     axes.rate = options.rate;
     axes.lags = options.lags;
     axes.gaps = options.gaps;
+    axes.label = options.label;
     axes.frames = !options.frames.empty();
     if (axes.frames) {
         axes.frameSize = options.frames[0];

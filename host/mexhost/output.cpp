@@ -53,10 +53,13 @@ std::string listing(const mxArray& array) {
 
 } // namespace
 
+bool holdsNumbers(const mxArray& array) {
+    return array.classID != mxCHAR_CLASS && array.classID != mxSTRUCT_CLASS;
+}
+
 mxArray withDoubles(const mxArray& array) {
-    const bool isNoInteger =
-        array.classID == mxDOUBLE_CLASS || array.classID == mxCHAR_CLASS || array.classID == mxSTRUCT_CLASS;
-    return isNoInteger ? array : mxArray{array.rows, array.columns, integersOf(array)};
+    const bool isInteger = holdsNumbers(array) && array.classID != mxDOUBLE_CLASS;
+    return isInteger ? mxArray{array.rows, array.columns, integersOf(array)} : array;
 }
 
 std::string summary(const mxArray& array) {
@@ -83,6 +86,7 @@ std::string summary(const mxArray& array) {
 }
 
 void writeCsv(const std::string& path, const mxArray& array) {
+    if (!holdsNumbers(array)) throw std::runtime_error(path + ": a table holds numbers, the output has none");
     std::ofstream file(path);
     char number[32]; // the longest shortest form takes 24 characters
     for (size_t row = 0; row < array.rows; ++row) {

@@ -5,6 +5,9 @@
 
 #include "standIn.hpp"
 
+/// Whether an array is a matrix of numbers: neither characters nor a struct.
+bool holdsNumbers(const mxArray& array);
+
 /// The array, or an integer matrix as one of doubles.
 mxArray withDoubles(const mxArray& array);
 
@@ -13,5 +16,5 @@ mxArray withDoubles(const mxArray& array);
 std::string summary(const mxArray& array);
 
 /// Writes a line for each row, the numbers between commas, each in the shortest form that reads back as the
-/// same double. A file that cannot be written is a std::runtime_error.
+/// same double. A file that cannot be written, or an array without numbers, is a std::runtime_error.
 void writeCsv(const std::string& path, const mxArray& array);

@@ -88,7 +88,8 @@ void drawWave(Gnuplot& plot, const mxArray& wave, double rate) {
     plot.data(points);
 }
 
-void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y) {
+void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y,
+               const std::string& label) {
     const size_t columns = std::min(output.columns, mostColumns);
     const size_t rows = std::min(output.rows, mostRows);
     std::vector<double> pixels;
@@ -103,7 +104,8 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
     const double dx = x.step * static_cast<double>(output.columns) / static_cast<double>(columns);
     const double dy = y.step * static_cast<double>(output.rows) / static_cast<double>(rows);
     plot.line("%s", bothSigns ? signedPalette : palette);
-    plot.line("set cbrange [%.17g:%.17g]; set cblabel 'Value'", bothSigns ? -limit : 0, limit);
+    plot.line("set cbrange [%.17g:%.17g]; set cblabel %s", bothSigns ? -limit : 0, limit,
+              Gnuplot::quoted(label).c_str());
     plot.line("set colorbox user origin graph 1.02,0 size graph 0.017,1 noinvert");
     plot.line("set yrange [%.17g:%.17g]", y.at(-0.5), y.at(static_cast<double>(output.rows) - 0.5));
     plot.line("set ylabel '%s'", y.label);
@@ -113,8 +115,8 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
     plot.data(pixels);
 }
 
-void drawLine(Gnuplot& plot, mxArray output, const Scale& along, bool gaps) {
-    if (gaps) std::replace(output.data.begin(), output.data.end(), 0.0, std::nan(""));
+void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axes) {
+    if (axes.gaps) std::replace(output.data.begin(), output.data.end(), 0.0, std::nan(""));
     std::vector<double> points;
     std::vector<double> finite;
     for (size_t i = 0; i < output.data.size(); ++i) {
@@ -125,7 +127,7 @@ void drawLine(Gnuplot& plot, mxArray output, const Scale& along, bool gaps) {
     const auto [least, greatest] = std::minmax_element(finite.begin(), finite.end());
     const double margin = *least < *greatest ? 0.05 * *greatest - 0.05 * *least : 1 + 0.05 * std::abs(*least);
     plot.line("set yrange [%.17g:%.17g]", *least - margin, *greatest + margin);
-    plot.line("set ylabel 'Value'");
+    plot.line("set ylabel %s", Gnuplot::quoted(axes.label).c_str());
     plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with linespoints pt 7 ps 0.3 "
               "lc rgb '#2c5f8a' notitle",
               output.data.size());
@@ -150,9 +152,9 @@ void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool sha
     if (output.data.empty())
         drawNothing(plot, output);
     else if (output.rows == 1 || column)
-        drawLine(plot, output, across, axes.gaps);
+        drawLine(plot, output, across, axes);
     else
-        drawImage(plot, output, x, y);
+        drawImage(plot, output, x, y, axes.label);
 }
 
 } // namespace
@@ -167,7 +169,7 @@ void drawPicture(const std::string& path, const std::string& title, const mxArra
     plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
     plot.line("set border lw 0.8; set tics out nomirror");
     const bool drawsWave = wave && !wave->data.empty();
-    const bool sharedTimeAxis = drawsWave && axes.frames;
+    const bool sharedTimeAxis = drawsWave && (axes.frames || (axes.timeStep > 0 && axes.rate > 0));
     if (drawsWave) {
         plot.line("set tmargin at screen 0.93; set bmargin at screen 0.69");
         if (sharedTimeAxis)

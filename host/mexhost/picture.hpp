@@ -15,6 +15,7 @@ struct Axes {
     double timeStep = 0;  // is above 0: instead of what frames say
     bool gaps = false;    // a curve is interrupted where it is 0
     bool lags = false;    // rows are lags, in samples from 0
+    std::string label = "Value"; // what the values are
 };
 
 /// Draws a PNG picture of 1200 x 800 pixels with gnuplot. A matrix is drawn as an image, a single row or

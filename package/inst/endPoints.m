@@ -34,7 +34,8 @@
 % Outputs
 %   SEGMENTS   N x 2: the first and the last sample of each segment, counted from 1; 0 x 2 for none.
 %   CURVE      1 x frames: what the detector looks at: volume, (volume + ASHOD) / 2, or energy in dB.
-%   THRESHOLD  1 x 1, or 1 x 2 with the low and the high one; empty without a frame.
+%   THRESHOLD  1 x 1, or 1 x 2 with the low and the high one; empty without a frame (for "handset", one after
+%              the first 0.2 s).
 %   TIME       1 x frames: centres of the frames in seconds.
 %
 % Example

@@ -10,7 +10,7 @@
 %
 % Options, in any case
 %   lowerRatio, upperRatio  ends of the grid, above 0 and up to 1000; default 0.5 and 2.
-%   resolution    ratios in the grid, a positive whole number; default 51.
+%   resolution    ratios in the grid, 1 to 1000000; default 51.
 %   distanceType  1: mean absolute difference, the default; 2: mean squared difference.
 %   shift         true, the default: each version is first shifted (by the median or the mean of its
 %                 differences from the reference), so that a transposed query matches.

@@ -2,7 +2,7 @@
 %
 %   PV = note2pv (PITCH, DURATION, TIMESTEP)
 %
-% Says on the console at what time each note ends.
+% Says on the console at what time each note ends.  Without an output, draws the pitch over time.
 %
 % Inputs
 %   PITCH      row or column: semitones of each note; 0 is a rest.
@@ -18,8 +18,13 @@
 % See also: note2wave, pitch2wave
 
 function varargout = note2pv (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("note2pv", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("note2pv", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawPitchVector (out{1}, varargin{3});
+  end
 end
 
 %!test

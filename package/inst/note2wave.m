@@ -2,6 +2,8 @@
 %
 %   WAVE = note2wave (PITCH, DURATION, FS)
 %
+% Without an output, draws the waveform.
+%
 % Inputs
 %   PITCH      row or column: semitones (69 is 440 Hz) of each note; 0 is a rest.
 %   DURATION   as many elements: seconds, at least 0.
@@ -16,8 +18,13 @@
 % See also: note2pv, pitch2wave
 
 function varargout = note2wave (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("note2wave", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("note2wave", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawSound (out{1}, varargin{3});
+  end
 end
 
 %!test

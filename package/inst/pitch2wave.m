@@ -2,7 +2,7 @@
 %
 %   WAVE = pitch2wave (PITCH, PITCHRATE, FS, DURATION)
 %
-% Sines of amplitude 0.8, period by period.
+% Sines of amplitude 0.8, period by period.  Without an output, draws the waveform.
 %
 % Inputs
 %   PITCH      row or column: semitones (69 is 440 Hz) of each frame; 0 is a rest.
@@ -11,7 +11,8 @@
 %   DURATION   seconds, at least 0; default numel (PITCH) / PITCHRATE.
 %
 % Output
-%   WAVE       samples from -0.8 to 0.8, a row or a column as PITCH.
+%   WAVE       round (DURATION * FS) samples from -0.8 to 0.8, a row or a column as PITCH.  The first period
+%              that would pass the end and all behind it is silent.
 %
 % Example
 %   wave = pitch2wave ([60 62 64 65 67], 4, 8000);
@@ -19,8 +20,13 @@
 % See also: wave2pitch, note2wave, pitch2freq
 
 function varargout = pitch2wave (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("pitch2wave", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("pitch2wave", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawSound (out{1}, varargin{3});
+  end
 end
 
 %!test

@@ -6,7 +6,8 @@
 %   FS         sample rate in Hz, a positive whole number.
 %   NBITS      bits per sample, 8 or 16; default 16.
 %   PFTYPE     "acf" (1), the default, or "amdf" (0).
-%   PARAMFILE  name of a file of lines FIELD=VALUE over the defaults; default none.
+%   PARAMFILE  name of a file of lines FIELD=VALUE, which stand over the defaults and over the other inputs;
+%              default none.
 %
 % Output
 %   PARAM      struct of the fields that wave2pitch takes as options, the rate FS, and frameRate, the whole

@@ -2,6 +2,9 @@
 %
 %   PFMAT = wave2pfMat (WAVE, FRAMESIZE, OVERLAP, PFLEN, PFTYPE, PFMETHOD)
 %
+% The ACF is taken of each frame less its mean.  Methods 3 and 4 first reverse a frame whose second half is the
+% livelier one.  Without an output, draws the matrix.
+%
 % Inputs
 %   WAVE       row or column of samples of any scale; those of integer classes become -1 to 1.
 %   FRAMESIZE  samples per frame, a positive whole number.
@@ -12,7 +15,8 @@
 %              3 the first FRAMESIZE - PFLEN; 4 the first PFLEN.
 %
 % Output
-%   PFMAT      PFLEN x frames: column = frame, row k = lag of k - 1 samples.
+%   PFMAT      PFLEN x frames: column = frame, row k = lag of k - 1 samples.  Lags of FRAMESIZE and more have no
+%              terms: 0, but NaN at lag FRAMESIZE with method 2.
 %
 % Example
 %   pfMat = wave2pfMat (sin (1:1000), 256, 128, 100, "acf", 1);
@@ -20,8 +24,13 @@
 % See also: wave2pitch
 
 function varargout = wave2pfMat (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("wave2pfMat", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("wave2pfMat", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawPfMat (out{1});
+  end
 end
 
 %!assert (wave2pfMat ([1 2 3 4], 4, 0, 3, "amdf", 1), [0; 3; 4])

@@ -17,21 +17,25 @@
 %   frameRate  frames per second, 0.001 to FS; the frames then last 32 ms.  Without it, frames follow each
 %              other without overlap in 32 ms, and at 16 kHz last 40 ms, one each 10 ms.
 %   nbits      8 or 16; default 16, and 8 for classes of 8 bits.
-%   paramFile  a file of lines FIELD=VALUE, applied over the defaults and under the other options.
+%   paramFile  a file of lines FIELD=VALUE, applied over the defaults and under FS and the other options.
 %   unit       "semitone", the default (69 is 440 Hz, 12 double the frequency), or "Hz".
-%   minPitch, maxPitch    range of the search in semitones, -200 to 200; default 30 and 84.
+%   minPitch, maxPitch    range of the search in semitones, up to 200; default 30 and 84.  With one of them at
+%              0 or below (down to -200) there is nothing to find.
 %   frameSize, overlap    samples per frame (at least 2), and shared by consecutive frames (below frameSize).
-%   pfLen      lags of the pitch function, 2 to frameSize; default frameSize / 2.
+%   pfLen      lags of the pitch function, 2 to frameSize; default half of the frames that follow from FS or
+%              from the option frameSize.
 %   useVolThreshold       no pitch outside the sound that endPoints (..., "volume") finds; default 1.
 %   useClarityThreshold   no pitch in frames of low clarity; default 1.
 %   clarityRatio          what low is, as a fraction of the largest clarity, 0 to 1; default 0.6.
 %   useClarityWeight      weight each frame's pitch function by its clarity; default 1 for ACF, 0 for AMDF.
-%   medianFilterOrder     order of the median filter over the pitch, 3 or more to filter; default 5.
+%   medianFilterOrder     order of the median filter over the pitch, a whole number of at least 0, 3 or more
+%              to filter; default 5.
 %   cutLeadingTrailingZero  cut the frames without pitch at both ends from all results; default 0.
 %   dpMethod   distance of consecutive candidates: 1 in lags, 2 in tenths of a semitone, else none.
 %   dpPosDiffOrder        1: the distance counts as it is, else its square.
-%   dpUseLocalOptim       1: the candidates are the local extrema, else all lags.
-%   pfWeight, indexDiffWeight  weights of the pitch function and of the distance in the path.
+%   dpUseLocalOptim       1: the candidates are the local extrema, else all lags.  These three are whole numbers
+%              of at least 0.
+%   pfWeight, indexDiffWeight  weights of the pitch function and of the distance in the path, -1e9 to 1e9.
 %   Defaults of the last five depend on pfType and FS; see ptParam.  The other fields of PARAM (ppcNum,
 %   pitchRangeMax, pitchDiffMax, maxMedianPitchDiff, maxAmdfLocalMinCount, minAmdfRange, halfOfFs,
 %   halfOfNbits) are taken too and have no effect here.
@@ -40,7 +44,8 @@
 %   PITCH      1 x frames: semitones or Hz; 0 where there is no pitch.
 %   TIME       1 x frames: centres of the frames in seconds.
 %   CLARITY    1 x frames: 0 to 1.
-%   PFMAT      pfLen x frames: column = frame, row k = lag of k - 1 samples; normalised to 2^20.
+%   PFMAT      pfLen x frames: column = frame, row k = lag of k - 1 samples; normalised to 2^20, then weighted
+%              by clarity where useClarityWeight says so.
 %   PARAM      struct: the parameters used, minIndex and maxIndex being the lags searched.
 %
 % Example
@@ -56,7 +61,8 @@ function varargout = wave2pitch (varargin)
   if (nargout > 0)
     varargout = out;
   else
-    drawPitch (varargin{1:2}, any (strcmpi ("Hz", varargin)), out{:});
+    unit = varargin(4:2:end)(strcmpi (varargin(3:2:end), "unit"));
+    drawPitch (varargin{1:2}, ! isempty (unit) && strcmpi (unit{end}, "Hz"), out{:});
   end
 end
 
@@ -86,6 +92,21 @@ end
 %! assert (pitch([1, end]) > 0);
 %! assert ([columns(time), columns(pfMat)], columns (pitch) * [1, 1]);
 %! assert (time(1), 0.5, 0.1);
+%!test  # the file is under what the call says, and over the rest
+%! file = [tempname() ".prm"];
+%! fid = fopen (file, "w");
+%! fputs (fid, "fs=4000\nnbits=8\npfType=1\npfLen=99\nframeSize=300\noverlap=10\nmaxPitch=70\n");
+%! fclose (fid);
+%! [~, ~, ~, ~, param] = wave2pitch (wave, fs, "pfType", "amdf", "paramFile", file, "frameSize", 400);
+%! delete (file);
+%! assert ([param.fs, param.nbits, param.pfType], [fs, 16, 0]);
+%! assert ([param.frameSize, param.overlap, param.pfLen, param.frameRate], [400, 10, 99, 41]);
+%! assert (param.maxPitch, 70);
+%!test  # nothing to draw is drawn as well
+%! figure ("visible", "off");
+%! wave2pitch ([0 0], 8000);
+%! absSpectrogram ([0 0], 8000);
+%! close
 %!error <wave2pitch: FS must be a positive whole number> wave2pitch ([0 0], 1.5)
 %!error <wave2pitch: OVERLAP = 640 must be below FRAMESIZE = 640> wave2pitch ([0 0], 16000, "overlap", 640)
 %!error <wave2pitch: no option is named "foo"> wave2pitch ([0 0], 8000, "foo", 1)

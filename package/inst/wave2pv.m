@@ -4,6 +4,7 @@
 %
 % Brings the recording to 8 kHz and 8 bits and tracks its pitch four times, each time in a band of 24
 % semitones around the median found so far.  Says on the console what it converts.
+% Without an output, draws the pitch over time.
 %
 % Inputs
 %   WAVE       recording of one channel, a row or a column: class double or single with samples from -1 to 1,
@@ -24,8 +25,13 @@
 % See also: wave2pitch, isWaveSilence
 
 function varargout = wave2pv (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("wave2pv", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("wave2pv", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawPitchVector (out{1} / 10, 0.032);
+  end
 end
 
 %!test

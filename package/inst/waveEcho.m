@@ -3,11 +3,13 @@
 %   OUT = waveEcho (WAVE, FS, DELAY, GAIN)
 %
 % Adds GAIN times the output of DELAY seconds before, so that every echo is echoed again.
+% Without an output, draws the waveform.
 %
 % Inputs
 %   WAVE       row or column of samples of any scale, or of class int8, uint8 (around 128), int16 or int32.
 %   FS         sample rate in Hz, a positive whole number.
-%   DELAY      seconds from echo to echo, at least 0; below one sample there is no echo.
+%   DELAY      seconds from echo to echo, at least 0; rounded to samples.  Of 0 samples, or of all and more,
+%              there is no echo.
 %   GAIN       factor from echo to echo; beyond 1 in magnitude the echoes grow.
 %
 % Output
@@ -19,8 +21,13 @@
 % See also: waveFilter, waveResample
 
 function varargout = waveEcho (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("waveEcho", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("waveEcho", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawSound (out{1}, varargin{2});
+  end
 end
 
 %!assert (waveEcho ([1 0 0 0 0], 10, 0.2, 0.5), [1 0 0.5 0 0.25])

@@ -2,6 +2,8 @@
 %
 %   OUT = waveFilter (B, A, WAVE)
 %
+% Without an output, draws the waveform.
+%
 % Inputs
 %   B, A       vectors of numerator and denominator coefficients, as for filter; A begins with 1.
 %   WAVE       row or column of samples of any scale; those of integer classes become -1 to 1.
@@ -15,8 +17,13 @@
 % See also: filter, waveEcho
 
 function varargout = waveFilter (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("waveFilter", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("waveFilter", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawSound (out{1});
+  end
 end
 
 %!test

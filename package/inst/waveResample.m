@@ -2,6 +2,8 @@
 %
 %   OUT = waveResample (WAVE, OLDFS, NEWFS, NBITS)
 %
+% Without an output, draws the waveform.
+%
 % Inputs
 %   WAVE       recording of one channel, a row or a column: class double or single with samples from -1 to 1,
 %              or int8, uint8, int16 or int32.
@@ -19,8 +21,13 @@
 % See also: waveFilter, waveEcho
 
 function varargout = waveResample (varargin)
-  varargout = cell (1, max (nargout, 1));
-  [varargout{:}] = wavepitchLibrary ("waveResample", varargin{:});
+  out = cell (1, outputCount (nargout, 1));
+  [out{:}] = wavepitchLibrary ("waveResample", varargin{:});
+  if (nargout > 0)
+    varargout = out;
+  else
+    drawSound (out{1}, varargin{3});
+  end
 end
 
 %!assert (waveResample (int16 ([0 10 20]), 1, 2), int16 ([0 5 10 15 20]))

@@ -19,7 +19,7 @@ int pauseForInput();
 
 /// Busy-waits on processor time, not on wall-clock time.
 ///
-/// @param seconds  duration, kept to one millionth of a second (the product is formed in single precision).
+/// @param seconds  duration, in ticks of one millionth of a second (counted in single precision: to 24 bits).
 ///                 Zero, a negative value and not-a-number return at once; a duration beyond the tick counter
 ///                 (2^64 - 1 millionths) waits for the counter's end.
 void sleep(float seconds);

@@ -1,6 +1,6 @@
 // The ways in which an operation that cannot go on ends. There are no error codes:
 //   A  myExit: the error log is rewritten and an exception of type const char* leaves the module;
-//   B  a fixed message and exit(1), which ends the host as well: unknown method numbers;
+//   B  a fixed message and exit(1), which ends the host as well: unknown method numbers, vecWrite;
 //   C  mexErrMsgTxt: the host reports the message and ends the call.
 #pragma once
 

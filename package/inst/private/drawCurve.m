@@ -1,5 +1,6 @@
 % The waveform above a curve of frames; thresholds are drawn as lines.
 function drawCurve (wave, fs, time, curve, label, threshold = [])
+  fs = double (fs);
   duration = numel (wave) / fs;
   subplot (2, 1, 1);
   drawWave (wave, fs);

@@ -1,12 +1,13 @@
 % The waveform above the pitch-function matrix with the lag of the pitch on it, above the pitch itself.
 function drawPitch (wave, fs, inHz, pitch, time, clarity, pfMat, param)
+  fs = double (fs);
   duration = numel (wave) / fs;
   subplot (3, 1, 1);
   drawWave (wave, fs);
   subplot (3, 1, 2);
   lag = (0:rows (pfMat) - 1) * 1000 / param.fs;
-  imagesc (time, lag, pfMat);
-  axis xy
+  ownLargest = max (max (abs (pfMat), [], 1), realmin);
+  drawMatrix (time, lag, pfMat ./ ownLargest);  % quiet frames show as much as loud ones
   frequency = pitch;
   if (! inHz && ! isempty (pitch))
     frequency = pitch2freq (pitch);

@@ -1,9 +1,8 @@
 % Magnitudes in dB, the loudest 80 of them.
 function drawSpectrogram (magnitude, frequency, time)
-  dB = 20 * log10 (max (magnitude, realmin));
+  dB = 20 * log10 (min (max (magnitude, realmin), realmax));
   top = max ([dB(:); 0]);
-  imagesc (time, frequency / 1000, dB, top - [80, 0]);
-  axis xy
+  drawMatrix (time, frequency / 1000, dB, top - [80, 0]);
   xlabel ("Time (s)");
   ylabel ("Frequency (kHz)");
   handle = colorbar ();

@@ -1,5 +1,6 @@
 % The spectrogram with the cut as a line.
 function drawUvCut (wave, fs, cut)
+  fs = double (fs);
   [out{1:3}] = wavepitchLibrary ("absSpectrogram", wave, fs);
   drawSpectrogram (out{:});
   hold on

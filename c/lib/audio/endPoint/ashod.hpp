@@ -6,6 +6,7 @@
 #include <concepts>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 /// Sum of |d| over the differences d of an order k, d(i) = c(0) x(i) + ... + c(k) x(i + k) with the binomial
 /// coefficients of k in alternating signs, starting with -1; 0 for a frame of k samples or fewer.
@@ -43,6 +44,7 @@ T frame2ashod(const T* frame, int frameSize, int order) {
     using Sum = std::conditional_t<std::floating_point<T>, T, std::int64_t>;
     constexpr Sum most = std::numeric_limits<T>::max();
     ashodDetail::checkOrder(order);
+    if (frameSize <= order) return T{};
     Sum sum = 0;
     for (int i = 0; i < frameSize - order; ++i) {
         Sum d = 0;

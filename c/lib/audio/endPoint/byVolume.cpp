@@ -12,36 +12,43 @@
 #include "audio/endPoint/wholeFrames.hpp"
 #include "utility/rounding.hpp"
 
-using Curve = std::vector<int>;
+namespace {
 
-Curve endPointCurve::volume(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+using Levels = std::vector<int>;
+
+Levels volumes(const int* wave, int waveLen, const EPDPARAM& epdParam) {
     auto volume = valuePerFrame<int>(waveLen, epdParam.frameSize, epdParam.overlap);
     wave2volume(wave, waveLen, epdParam.frameSize, epdParam.overlap, volume.data(), 1);
     return volume;
 }
 
-Curve endPointCurve::volumeAndAshod(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    Curve curve = volume(wave, waveLen, epdParam);
-    Curve ashod(curve.size());
+Levels volumesAndAshods(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+    Levels level = volumes(wave, waveLen, epdParam);
+    Levels ashod(level.size());
     cAudioAshod::wave2ashod(wave, waveLen, epdParam.frameSize, epdParam.overlap, ashod.data(),
                             epdParam.diffOrder);
-    std::transform(curve.begin(), curve.end(), ashod.begin(), curve.begin(),
+    std::transform(level.begin(), level.end(), ashod.begin(), level.begin(),
                    [](std::int64_t v, std::int64_t h) { return static_cast<int>((v + h) / 2); });
-    return curve;
+    return level;
 }
 
-int endPointCurve::threshold(Curve curve, int ratio) {
-    const auto frameNum = static_cast<int>(curve.size());
+/// Of at least one level: inside their range without about the 32nd part at either end.
+int thresholdOf(Levels level, int ratio) {
+    const auto frameNum = static_cast<int>(level.size());
     const int k = std::max(1, myRound(static_cast<float>(frameNum * 0.03125)));
-    const auto low = curve.begin() + (k - 1);
-    const auto high = curve.begin() + (frameNum - k);
-    std::nth_element(curve.begin(), low, curve.end());
+    const auto low = level.begin() + (k - 1);
+    const auto high = level.begin() + (frameNum - k);
+    std::nth_element(level.begin(), low, level.end());
     const int lowest = *low;
-    std::nth_element(curve.begin(), high, curve.end());
+    std::nth_element(level.begin(), high, level.end());
     return levelThreshold(lowest, *high, ratio);
 }
 
-namespace {
+endPointCurve::Curve curveOf(const Levels& level, int ratio) {
+    endPointCurve::Curve curve{{level.begin(), level.end()}, {}};
+    if (!level.empty()) curve.thresholds = {static_cast<double>(thresholdOf(level, ratio))};
+    return curve;
+}
 
 /// Frames in a duration, each step in single precision.
 int framesIn(float seconds, int fs, const EPDPARAM& epdParam) {
@@ -61,12 +68,12 @@ SEGMENT* withoutDetached(SEGMENT* first, SEGMENT* last, int maxSilence, int minF
     return detached ? last - 1 : last;
 }
 
-SEGMENT* segmentsOf(Curve curve, int ratio, int fs, const EPDPARAM& epdParam, int* segNum) {
+SEGMENT* segmentsOf(Levels level, int ratio, int fs, const EPDPARAM& epdParam, int* segNum) {
     *segNum = 0;
-    if (curve.empty()) return segmentFind(curve.data(), 0, segNum);
-    const int threshold = endPointCurve::threshold(curve, ratio);
-    for (int& value : curve) value = value > threshold ? 1 : 0;
-    SEGMENT* segments = segmentFind(curve.data(), static_cast<int>(curve.size()), segNum);
+    if (level.empty()) return segmentFind(level.data(), 0, segNum);
+    const int threshold = thresholdOf(level, ratio);
+    for (int& value : level) value = value > threshold ? 1 : 0;
+    SEGMENT* segments = segmentFind(level.data(), static_cast<int>(level.size()), segNum);
     SEGMENT* last = withoutShort(segments, segments + *segNum, framesIn(epdParam.minSegment, fs, epdParam));
     last = withoutDetached(segments, last, framesIn(epdParam.maxSilBetweenWord, fs, epdParam),
                            framesIn(epdParam.minLastWordDuration, fs, epdParam));
@@ -78,12 +85,18 @@ SEGMENT* segmentsOf(Curve curve, int ratio, int fs, const EPDPARAM& epdParam, in
 
 SEGMENT* cAudioByVolume::epdByVol(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                   int* segNum) {
-    return segmentsOf(endPointCurve::volume(wave, waveLen, epdParam), epdParam.volRatio, fs, epdParam,
-                      segNum);
+    return segmentsOf(volumes(wave, waveLen, epdParam), epdParam.volRatio, fs, epdParam, segNum);
 }
 
 SEGMENT* cAudioByVolume::epdByVolHod(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                      int* segNum) {
-    return segmentsOf(endPointCurve::volumeAndAshod(wave, waveLen, epdParam), epdParam.vhRatio, fs, epdParam,
-                      segNum);
+    return segmentsOf(volumesAndAshods(wave, waveLen, epdParam), epdParam.vhRatio, fs, epdParam, segNum);
+}
+
+endPointCurve::Curve endPointCurve::ofVol(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+    return curveOf(volumes(wave, waveLen, epdParam), epdParam.volRatio);
+}
+
+endPointCurve::Curve endPointCurve::ofVolHod(const int* wave, int waveLen, const EPDPARAM& epdParam) {
+    return curveOf(volumesAndAshods(wave, waveLen, epdParam), epdParam.vhRatio);
 }

@@ -11,13 +11,11 @@ public:
     /// last one that lies far after the rest. The stages stand in the source file.
     ///
     /// @param wave      waveLen samples; made for 16-bit samples. A volume that leaves the range of int
-    /// counts
-    ///                  as 2147483647.
+    ///                  counts as 2147483647, and so does a threshold.
     /// @param fs        sample rate in Hz; turns the durations of the parameters into frames, in single
     ///                  precision, rounded to nearest.
     /// @param epdParam  see EPDPARAM. A volRatio of 0 finds nothing; a duration that is not a number counts
-    /// as
-    ///                  0 frames, and one beyond the range of int as its nearest end.
+    ///                  as 0 frames, and one beyond the range of int as its nearest end.
     /// @param segNum    receives the number of segments, possibly 0.
     /// @return          segNum valid segments in frame indices of epdParam's framing, in ascending order; the
     ///                  caller releases the array with free, for no segment too.

@@ -1,13 +1,16 @@
 #include "audio/endPoint/byVolumeAndZcr.hpp"
 
+#include "audio/endPoint/curves.hpp"
 #include "audio/endPoint/volume.hpp"
 #include "audio/endPoint/wholeFrames.hpp"
 #include "audio/endPoint/zeroCrossing.hpp"
 
 namespace {
 
-constexpr int frameSize = 320;
-constexpr int overlap = 240;
+constexpr int frameSize = endPointCurve::volZcrFrames.frameSize;
+constexpr int overlap = endPointCurve::volZcrFrames.overlap;
+constexpr double coreShare = 0.125; // of the largest volume
+constexpr double neighbourShare = 0.0625;
 
 using Levels = std::vector<int>;
 
@@ -35,17 +38,30 @@ void widenWhileAbove(Span& span, const Levels& levels, double threshold) {
     while (span.last + 1 <= frameNum - 1 && above(span.last + 1)) ++span.last;
 }
 
+Levels volumes(const int* wave, int waveLen) {
+    auto volume = valuePerFrame<int>(waveLen, frameSize, overlap);
+    wave2volume(wave, waveLen, frameSize, overlap, volume.data(), 1);
+    return volume;
+}
+
 } // namespace
 
+endPointCurve::Curve endPointCurve::ofVolZcr(const int* wave, int waveLen) {
+    const Levels volume = volumes(wave, waveLen);
+    Curve curve{{volume.begin(), volume.end()}, {}};
+    const double maxVol = largestOf(volume);
+    if (!volume.empty()) curve.thresholds = {neighbourShare * maxVol, coreShare * maxVol};
+    return curve;
+}
+
 void cAudioByVolumeAndZcr::epdByVolZcr(const int* wave, int waveLen, int, int* start, int* end) {
-    auto volume = valuePerFrame<int>(waveLen, frameSize, overlap);
-    auto zcr = volume;
-    wave2volume(wave, waveLen, frameSize, overlap, volume.data(), 1);
+    const Levels volume = volumes(wave, waveLen);
+    Levels zcr(volume.size());
     cAudioZeroCrossing::wave2zcr(wave, waveLen, frameSize, overlap, zcr.data());
 
     const double maxVol = largestOf(volume);
-    Span span = framesAbove(volume, 0.125 * maxVol);
-    widenWhileAbove(span, volume, 0.0625 * maxVol);
+    Span span = framesAbove(volume, coreShare * maxVol);
+    widenWhileAbove(span, volume, neighbourShare * maxVol);
     widenWhileAbove(span, zcr, 0.4 * largestOf(zcr));
     *start = cAudioFraming::frame2sampleIndex(span.first, frameSize, overlap);
     *end = cAudioFraming::frame2sampleIndex(span.last, frameSize, overlap);

@@ -18,10 +18,12 @@
 
 namespace {
 
-constexpr int frameSize = 256;
-constexpr int overlap = 86;
+constexpr int frameSize = endPointCurve::characterFrames.frameSize;
+constexpr int overlap = endPointCurve::characterFrames.overlap;
 constexpr int step = frameSize - overlap;
 constexpr double emptySlot = -1.0;
+constexpr double coreDepth = 20.0; // dB below the loudest frame
+constexpr double neighbourDepth = 30.0;
 
 using Levels = std::vector<double>;
 
@@ -97,12 +99,20 @@ void merge(const Characters& characters, int count) {
             characters.remove(i);
 }
 
-} // namespace
-
-std::vector<double> endPointCurve::decibels(const double* wave, int waveLen) {
+Levels decibels(const double* wave, int waveLen) {
     auto level = valuePerFrame<double>(waveLen, frameSize, overlap);
     featurePerFrame(wave, waveLen, frameSize, overlap, level.data(), decibelsOf);
     return level;
+}
+
+} // namespace
+
+endPointCurve::Curve endPointCurve::ofCharacters(const double* wave, int waveLen) {
+    Curve curve{decibels(wave, waveLen), {}};
+    if (curve.values.empty()) return curve;
+    const double loudest = *std::max_element(curve.values.begin(), curve.values.end());
+    curve.thresholds = {loudest - neighbourDepth, loudest - coreDepth};
+    return curve;
 }
 
 void packCharIndex(double* list, int n) {
@@ -120,15 +130,15 @@ int cAudioCharacter::charEndPointDetect(double* wave, int waveLen, int fs, doubl
     std::fill(start, start + characters.slots, emptySlot);
     std::fill(end, end + characters.slots, emptySlot);
     if (!removeMean(wave, waveLen)) return 0;
-    const Levels level = endPointCurve::decibels(wave, waveLen);
+    const Levels level = decibels(wave, waveLen);
     if (level.empty()) return 0;
     const double loudest = *std::max_element(level.begin(), level.end());
 
-    recordCores(level, loudest - 20.0, characters);
+    recordCores(level, loudest - coreDepth, characters);
     const int shortest = fs / 1600; // in frames
     removeShort(characters, shortest);
     int count = characters.pack();
-    widen(level, loudest - 30.0, characters, count);
+    widen(level, loudest - neighbourDepth, characters, count);
     merge(characters, count);
     count = characters.pack();
     for (int i = 0; i < count; ++i) {

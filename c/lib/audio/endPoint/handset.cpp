@@ -5,6 +5,7 @@
 // 5. The span of the marks that are left, or the caller's, becomes samples, with margins.
 #include "audio/endPoint/handset.hpp"
 
+#include "audio/endPoint/curves.hpp"
 #include "audio/endPoint/kernel/frameKernel.hpp"
 #include "audio/endPoint/wholeFrames.hpp"
 #include "utility/rounding.hpp"
@@ -14,10 +15,11 @@
 
 namespace {
 
-constexpr int frameSize = 256;
-constexpr int overlap = 128;
+constexpr int frameSize = endPointCurve::handsetFrames.frameSize;
+constexpr int overlap = endPointCurve::handsetFrames.overlap;
 constexpr int step = frameSize - overlap;
 constexpr int margin = 512;
+constexpr double volumeShare = 0.15; // of the largest
 
 struct Voice {
     double volume = 0.0;
@@ -44,6 +46,19 @@ private:
     decltype(FrameKernel::crossingsOfDoubles) crossings = frameKernel(instructionSet()).crossingsOfDoubles;
 };
 
+/// The first frame that may be marked. The one before it still counts for the thresholds.
+std::size_t firstFrame(int fs) {
+    return static_cast<std::size_t>(std::max(0, truncateToInt(std::floor((0.2 * fs - overlap) / step))));
+}
+
+std::vector<Voice> voicesOf(const double* wave, int waveLen, int fs) {
+    auto voices = valuePerFrame<Voice>(waveLen, frameSize, overlap);
+    featurePerFrame(wave, waveLen, frameSize, overlap, voices.data(), VoiceOfFrame());
+    const std::size_t silent = std::min(voices.size(), std::max(firstFrame(fs), std::size_t{1}) - 1);
+    std::fill(voices.begin(), voices.begin() + static_cast<std::ptrdiff_t>(silent), Voice{});
+    return voices;
+}
+
 /// Volumes that are not a number are passed over.
 Voice largestOf(const std::vector<Voice>& voices) {
     Voice largest;
@@ -59,7 +74,7 @@ Marks voicedFrames(const std::vector<Voice>& voices, std::size_t first) {
     const Voice largest = largestOf(voices);
     Marks mark(voices.size());
     for (std::size_t f = first; f < voices.size(); ++f)
-        mark[f] = std::isfinite(voices[f].volume) && voices[f].volume > 0.15 * largest.volume &&
+        mark[f] = std::isfinite(voices[f].volume) && voices[f].volume > volumeShare * largest.volume &&
                   voices[f].zcr < 0.35 * largest.zcr;
     return mark;
 }
@@ -82,18 +97,19 @@ void unmarkFirstBlip(Marks& mark, std::size_t first, int patternEnd, std::size_t
 
 } // namespace
 
+endPointCurve::Curve endPointCurve::ofHandset(const double* wave, int waveLen, int fs) {
+    Curve curve;
+    const std::vector<Voice> voices = voicesOf(wave, waveLen, fs);
+    for (const Voice& voice : voices) curve.values.push_back(voice.volume);
+    if (voices.size() > firstFrame(fs)) curve.thresholds = {volumeShare * largestOf(voices).volume};
+    return curve;
+}
+
 void cAudioHandset::endPointDetect4quokka(double* wave, int waveLen, int fs, int nbits, double* endPoint) {
     const double scale = std::ldexp(1.0, nbits);
     for (int i = 0; i < waveLen; ++i) wave[i] = scale * wave[i] * 0.5;
-    auto voices = valuePerFrame<Voice>(waveLen, frameSize, overlap);
-    featurePerFrame(wave, waveLen, frameSize, overlap, voices.data(), VoiceOfFrame());
-
-    const int start = std::max(0, truncateToInt(std::floor((0.2 * fs - overlap) / step)));
-    const auto silent = std::min(voices.size(), static_cast<std::size_t>(std::max(0, start - 1)));
-    std::fill(voices.begin(), voices.begin() + static_cast<std::ptrdiff_t>(silent), Voice{});
-
-    const auto first = static_cast<std::size_t>(start);
-    Marks mark = voicedFrames(voices, first);
+    const std::size_t first = firstFrame(fs);
+    Marks mark = voicedFrames(voicesOf(wave, waveLen, fs), first);
     unmarkSoundUnderWay(mark, first);
     unmarkFirstBlip(mark, first, fs / step, 1);
     unmarkFirstBlip(mark, first, fs / step, 2);

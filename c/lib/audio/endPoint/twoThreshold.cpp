@@ -14,7 +14,13 @@
 
 namespace {
 
-using endPointCurve::Thresholds;
+constexpr int frameSize = endPointCurve::vol2Frames.frameSize;
+constexpr int overlap = endPointCurve::vol2Frames.overlap;
+
+struct Thresholds {
+    int low;
+    int high;
+};
 
 /// Extends sound backward, then forward.
 void markSound(const int* volume, int frameNum, Thresholds threshold, int* on) {
@@ -25,25 +31,41 @@ void markSound(const int* volume, int frameNum, Thresholds threshold, int* on) {
         if (on[i - 1] == 1 && volume[i] >= threshold.low) on[i] = 1;
 }
 
-} // namespace
-
-Thresholds endPointCurve::twoThresholds(std::int64_t minVol, std::int64_t maxVol) {
+/// High is 20 times the smallest volume, but not above a quarter of the largest, and where that is below a
+/// 128th of the largest, about a 64th of it. Low is half of high.
+Thresholds thresholdsOf(const std::vector<int>& volume) {
+    const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
+    const std::int64_t minVol = *least;
+    const std::int64_t maxVol = *most;
     std::int64_t low = 10 * minVol;
     if (maxVol / 4 < 20 * minVol) low = maxVol / 8;
     if (128 * (2 * low) < maxVol) low = maxVol / 128;
     return {clampToInt(low), clampToInt(2 * low)};
 }
 
-int cAudioTwoThreshold::epdByVol2(const int* wave, int waveLen, int, int* endPoint, int) {
-    constexpr int frameSize = 512;
-    constexpr int overlap = 192;
+std::vector<int> volumes(const int* wave, int waveLen) {
     auto volume = valuePerFrame<int>(waveLen, frameSize, overlap);
-    if (volume.empty()) return 0;
     wave2volume(wave, waveLen, frameSize, overlap, volume.data(), 1);
+    return volume;
+}
+
+} // namespace
+
+endPointCurve::Curve endPointCurve::ofVol2(const int* wave, int waveLen) {
+    const std::vector<int> volume = volumes(wave, waveLen);
+    Curve curve{{volume.begin(), volume.end()}, {}};
+    if (volume.empty()) return curve;
+    const Thresholds threshold = thresholdsOf(volume);
+    curve.thresholds = {static_cast<double>(threshold.low), static_cast<double>(threshold.high)};
+    return curve;
+}
+
+int cAudioTwoThreshold::epdByVol2(const int* wave, int waveLen, int, int* endPoint, int) {
+    const std::vector<int> volume = volumes(wave, waveLen);
+    if (volume.empty()) return 0;
     const auto frameNum = static_cast<int>(volume.size());
-    const auto [least, most] = std::minmax_element(volume.begin(), volume.end());
     std::vector<int> on(volume.size());
-    markSound(volume.data(), frameNum, endPointCurve::twoThresholds(*least, *most), on.data());
+    markSound(volume.data(), frameNum, thresholdsOf(volume), on.data());
 
     int segNum = 0;
     const SegmentArray segments(segmentFind(on.data(), frameNum, &segNum));

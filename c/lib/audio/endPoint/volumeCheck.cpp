@@ -6,6 +6,7 @@
 #include "utility/fatal.hpp"
 #include "utility/file/keyValue.hpp"
 
+#include <cstdint>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -24,11 +25,6 @@ constexpr struct {
 
 bool isGiven(const char* fileName) {
     return fileName && *fileName != '\0';
-}
-
-bool isSaturated(int sample, float limit) {
-    const auto value = static_cast<float>(sample);
-    return value > limit || value < -limit;
 }
 
 } // namespace
@@ -68,8 +64,11 @@ int cAudioVolumeCheck::waveVolumeCheck(const int* wave, int waveLen, const char*
     const auto [quietest, loudest] = std::minmax_element(volume.begin(), volume.end());
 
     const float limit = prm.satAmpRatio * 32768.0F;
-    const auto saturated =
-        std::count_if(wave, wave + waveLen, [=](int sample) { return isSaturated(sample, limit); });
+    std::int64_t saturated = 0;
+    for (int i = 0; i < waveLen; ++i) {
+        const auto sample = static_cast<float>(wave[i]);
+        saturated += (sample > limit ? 1 : 0) + (sample < -limit ? 1 : 0);
+    }
     const float perFrame = static_cast<float>(saturated) / static_cast<float>(volume.size());
     if (perFrame > prm.satSampleCountRatioTh) return 3;
     if (static_cast<float>(*quietest) > prm.minVolTh * static_cast<float>(frameSize)) return 2;

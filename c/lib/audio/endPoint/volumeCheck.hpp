@@ -5,8 +5,8 @@
 struct VOL_CHECK_PRM {
     float maxVolTh;              ///< the loudest frame must reach this level
     float minVolTh;              ///< the quietest frame must not exceed this level
-    float satAmpRatio;           ///< a sample beyond this share of 32768 is saturated
-    float satSampleCountRatioTh; ///< limit of the number of saturated samples per frame
+    float satAmpRatio;           ///< a sample beyond this share of 32768, or below minus it, is saturated
+    float satSampleCountRatioTh; ///< limit of the number of saturated samples per frame, which may exceed 1
 };
 
 class cAudioVolumeCheck {
@@ -31,7 +31,8 @@ public:
     ///
     /// @param wave      waveLen 16-bit samples.
     /// @param fileName  parameter file, null or empty for none; what it does not name has its default.
-    /// @return          3 where saturated samples per frame exceed satSampleCountRatioTh, as a fraction; else
+    /// @return          3 where saturated samples per frame exceed satSampleCountRatioTh (with a negative
+    ///                  satAmpRatio a sample may be beyond both limits and count twice); else
     ///                  2 where the quietest frame is too loud; else 1 where the loudest is too quiet, or
     ///                  where there is no whole frame; else 0: fit.
     /// Levels and fractions are compared in single precision. Fatal paths of volCheckPrmRead.

@@ -33,7 +33,7 @@ void cAudioFraming::buffer2(int waveLen, int frameSize, int overlap, int* frameS
 }
 
 void cAudioFraming::bufferXXX(const int* wave, int waveLen, int frameSize, int overlap, int* out) {
-    if (overlap < 0) return;
+    if (frameSize < 1) return;
     const std::int64_t step = frameStep(frameSize, overlap);
     const int frameNum = getFrameNum(waveLen, frameSize, overlap);
     for (int i = 0; i < frameNum; ++i) {
@@ -42,7 +42,7 @@ void cAudioFraming::bufferXXX(const int* wave, int waveLen, int frameSize, int o
         const auto leading = static_cast<int>(std::clamp<std::int64_t>(-first, 0, frameSize));
         const auto inside = static_cast<int>(std::clamp<std::int64_t>(waveLen - first, leading, frameSize));
         std::fill(frame, frame + leading, 0);
-        std::copy(wave + (first + leading), wave + (first + inside), frame + leading);
+        if (leading < inside) std::copy(wave + (first + leading), wave + (first + inside), frame + leading);
         std::fill(frame + inside, frame + frameSize, 0);
     }
 }

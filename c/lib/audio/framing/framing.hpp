@@ -7,7 +7,8 @@
 
 class cAudioFraming {
 public:
-    /// Frames that start inside the waveform, the last ones running past its end: ceil(waveLen / step).
+    /// Frames that start inside the waveform, the last ones running past its end: ceil(waveLen / step). A
+    /// negative waveLen gives a count below 1.
     ///
     /// @param waveLen    samples in the waveform.
     /// @param frameSize  samples per frame.
@@ -30,7 +31,7 @@ public:
     ///
     /// @param wave  waveLen samples.
     /// @param out   receives getFrameNum(waveLen, frameSize, overlap) x frameSize samples, frame after frame.
-    /// A negative overlap writes nothing.
+    /// A negative overlap, which leaves gaps, follows the same rule; a frameSize below 1 writes nothing.
     static void bufferXXX(const int* wave, int waveLen, int frameSize, int overlap, int* out);
 
     /// The sample at the centre of a frame: frameIndex * step + frameSize / 2 - 1, for an even frameSize the
@@ -38,7 +39,8 @@ public:
     static int frame2sampleIndex(int frameIndex, int frameSize, int overlap);
 
     /// The frame whose centre lies nearest to a sample, at least 0: the inverse of frame2sampleIndex for an
-    /// even frameSize. Formed and rounded in single precision.
+    /// even frameSize. The distance from the first centre is formed in double and narrowed, the quotient
+    /// taken in single precision, and rounded as myRound2 does.
     static int sample2frameIndex(int sampleIndex, int frameSize, int overlap);
 
     /// intDiv and myRound of the utility library.

@@ -104,7 +104,7 @@ template <typename T1, typename T2>
 void wave2pfMat(const T1* wave, int waveLen, int frameSize, int overlap, int pfLen, PF_TYPE pfType,
                 int pfMethod, T2* pfMat) {
     const int frameNum = cAudioFraming::getFrameNum2(waveLen, frameSize, overlap);
-    if (frameSize < 1 || frameNum < 1) return;
+    if (frameSize < 0 || frameNum < 1) return;
     if (pfType != PF_AMDF && pfType != PF_ACF)
         myExitFormatted("Unknown pfType=%d (line %d of file %s)", static_cast<int>(pfType), __LINE__,
                         audioSourcePath);

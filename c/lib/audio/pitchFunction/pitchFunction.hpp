@@ -13,7 +13,8 @@
 //
 // Samples are double (host waveforms; any scale, infinities and not-a-number included) or int (16-bit or
 // 8-bit samples). Of ints every difference and product is formed in a type wide enough for it, whatever
-// their values, and then rounded to double once. A frame of fewer than 1 sample has no terms.
+// their values, and then rounded to double once. A frame of fewer than 1 sample has no terms and
+// counts as one of 0 samples.
 //
 // Sources: M. J. Ross et al., "Average magnitude difference function pitch extractor", IEEE Transactions on
 // Acoustics, Speech, and Signal Processing 22(5), 1974; L. R. Rabiner, "On the use of autocorrelation
@@ -32,11 +33,10 @@ enum PF_TYPE : int { PF_AMDF = 0, PF_ACF = 1 };
 /// @param pfLen      lags, 0 to pfLen - 1; zero or less writes nothing.
 /// @param pfType     PF_AMDF or PF_ACF; the ACF is taken of the frame less its mean, as frame2acf has it.
 /// @param pfMethod   1 to 4; methods 3 and 4 first reverse each frame as cAudio::frameFlip does.
-/// @param pfMat      receives pfLen x cAudio::getFrameNum2(waveLen, frameSize, overlap) values, column =
-/// frame,
-///                   row = lag, column after column.
+/// @param pfMat      receives pfLen x cAudio::getFrameNum2(waveLen, frameSize, overlap) values, column after
+///                   column: column = frame, row = lag.
 ///
-/// A waveform without a whole frame, a frameSize below 1 and an overlap of frameSize or more write nothing
+/// A waveform without a whole frame, a frameSize below 0 and an overlap of frameSize or more write nothing
 /// and are no error, whatever the type and method. Otherwise an unknown type is fatal path A with "Unknown
 /// pfType=%d (line %d of file %s)", so is a lack of memory, and an unknown method ends the process as
 /// frame2amdf or frame2acf does. Nothing is allocated but the start indices and one tile of frame copies.
@@ -63,9 +63,8 @@ void frame2amdf(const T1* frame, int frameSize, T2* amdf, int pfLen, int method)
 ///
 /// @param frame       frameSize samples, changed when removeMean is non-zero.
 /// @param removeMean  non-zero: the frame's mean is first subtracted from it, in place. The mean of doubles
-/// is
-///                    their sum, over j upward, by frameSize; the mean of ints is truncated toward zero, and
-///                    a difference beyond the range of int is its nearest end.
+///                    is their sum, over j upward, by frameSize; the mean of ints is truncated toward zero,
+///                    and a difference beyond the range of int is its nearest end.
 /// The other parameters, and the message for an unknown method with this function's name, are those of
 /// frame2amdf.
 ///
@@ -80,8 +79,7 @@ public:
     /// with the second). Fewer than 2 samples stay as they are.
     ///
     /// @param frame      frameSize samples, changed in place. T is double, float (all of the arithmetic in
-    /// its
-    ///                   own precision, sums over j upward) or int (sums formed wide, the mean rounded as
+    ///                   its own precision, sums over j upward) or int (sums formed wide, the mean rounded as
     ///                   myRound of the single-precision quotient).
     template <typename T>
     static void frameFlip(T* frame, int frameSize);

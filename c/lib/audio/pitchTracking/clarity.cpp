@@ -54,6 +54,7 @@ T pf2pitchClarity(const T* pf, int pfLen, const PTPARAM& ptParam, std::type_iden
     if (pfType != PF_AMDF && pfType != PF_ACF)
         myExitFormatted("Unknown ptParam.pfType=%d (line %d of file %s)", static_cast<int>(pfType), __LINE__,
                         audioSourcePath);
+    pfLen = std::max(pfLen, 0);
     const int start = searchStart(pf, pfLen, pfType, std::max(ptParam.minIndex, 0));
     const int last = std::min(ptParam.maxIndex, pfLen - 1);
     if (start > last) {

@@ -17,8 +17,7 @@
 /// @param ptParam  read: pfType, fs, minIndex, maxIndex. Lags outside 0 to pfLen - 1 are not searched.
 /// @param clarity  receives the clarity, in fixed point (fixedPoint.hpp) for an integer type; may be null.
 /// @return         the pitch in semitones, in single precision, in fixed point for an integer type; 0 where
-/// no
-///                 lag is searched (then clarity is 0) or where the period's frequency is not above 0.
+///                 no lag is searched (then clarity is 0) or the period's frequency is not above 0.
 /// A type that is neither PF_AMDF nor PF_ACF is fatal path A with "Unknown ptParam.pfType=%d (line %d of file
 /// %s)".
 ///

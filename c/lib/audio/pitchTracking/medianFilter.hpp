@@ -13,7 +13,7 @@
 ///
 /// @param x      n values, changed in place.
 /// @param order  values in a median; below 1, nothing changes, nor where no value has order / 2 on both
-/// sides.
+///               sides.
 template <typename T>
 void medianFilter(T* x, int n, int order);
 

@@ -92,8 +92,8 @@ void cAudioPitchParam::ptParamSet(PTPARAM* ptParam, int fs, int nbits, PF_TYPE p
     ptParam->nbits = nbits;
     ptParam->pfType = pfType;
     setFrameLayout(*ptParam, fs);
-    setByType(*ptParam);
     setRemaining(*ptParam);
+    setByType(*ptParam);
     if (fileExist(paramFile)) cAudioPitchParamFile::ptParamRead(paramFile, ptParam);
     checkFrameDuration(*ptParam);
     const std::int64_t step = frameStep(*ptParam);

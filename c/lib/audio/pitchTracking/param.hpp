@@ -49,8 +49,10 @@ struct PTPARAM {
     bool halfOfNbits;           ///< false; kept in files, read by no operation
 
     int frameRate; ///< whole frames per second: fs / (frameSize - overlap)
-    int minIndex;  ///< smallest lag searched, that of maxPitch; set by the tracker
-    int maxIndex;  ///< largest lag searched, that of minPitch, at most pfLen - 1; set by the tracker
+    int minIndex;  ///< smallest lag searched, that of maxPitch; INT_MAX where that is 0 or below; set by
+                   ///< the tracker
+    int maxIndex;  ///< largest lag searched, that of minPitch, at most pfLen - 1; -1 where minPitch is 0 or
+                   ///< below; set by the tracker
 
     int useClarityWeight; ///< non-zero: each frame's pitch function is weighted by its clarity; 1 for the
                           ///< ACF, 0 for the AMDF
@@ -65,7 +67,8 @@ public:
     /// @param ptParam    receives the parameters.
     /// @param fs         sample rate, Hz. At rates other than 8000 and 16000 a frame is 32 ms, rounded up to
     ///                   an even number of samples. frameRate is this rate by the record's frame step; 0 for
-    ///                   a step of 0.
+    ///                   a step of 0. A rate below 1 gives a frame of no sample or fewer, which
+    ///                   tracks nothing.
     /// @param nbits      bits per sample.
     /// @param pfType     PF_AMDF or PF_ACF. Any other type is fatal path A with "Unknown pfType=%d (line %d
     ///                   in %s)!" and a newline.

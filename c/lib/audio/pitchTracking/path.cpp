@@ -190,8 +190,8 @@ int bestEnd(const STRUCT_A& frame, PF_TYPE pfType) {
         myExitFormatted("Unknown ptParam.pfType=%d (line %d of file %s)", static_cast<int>(pfType), __LINE__,
                         audioSourcePath);
     if (frame.ppcLen < 1) return -1;
-    // The running best is narrowed to single precision, the totals are not: one that lies between the two may
-    // take over from an equal one before it.
+    // The running best is narrowed to single precision, the totals are not: where narrowing has made it worse
+    // than the total it stands for, a later total equal to that one takes over.
     int chosen = 0;
     auto best = static_cast<float>(frame.ppc[0].totalDist);
     for (int j = 1; j < frame.ppcLen; ++j) {

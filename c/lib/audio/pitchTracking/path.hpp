@@ -8,14 +8,13 @@
 /// the path is described where it is computed (path.cpp).
 ///
 /// @param A         frameNum frames, each with 1 candidate or more; receives bestIndex, and for each
-/// candidate
-///                  prevIndex and totalDist. A frame without candidates, which breaks the contract, cuts the
-///                  run: it and what lies before it keep their bestIndex and pitch. Lags outside 0 to pfLen -
-///                  1 count as 0 tenths of a semitone in distances.
+///                  candidate prevIndex and totalDist. A frame without candidates, which breaks the contract,
+///                  cuts the run: it and what lies before it keep their bestIndex and pitch. Lags outside 0
+///                  to pfLen - 1 count as 0 tenths of a semitone in distances.
 /// @param frameNum  frames of the run; below 1, nothing is written.
 /// @param ptParam   read: fs, pfType, pfLen, dpMethod, dpPosDiffOrder, pfWeight, indexDiffWeight.
 /// @param pitch     receives the pitch of each frame in semitones, in fixed point (fixedPoint.hpp) for an
-///                  integer type: the frequency fs / bestIndex.
+///                  integer type: the frequency fs / bestIndex, infinite for lag 0 (the largest integer).
 /// A type that is neither PF_AMDF nor PF_ACF is fatal path A with "Unknown ptParam.pfType=%d (line %d of file
 /// %s)", once the totals stand.
 ///

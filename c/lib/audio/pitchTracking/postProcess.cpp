@@ -15,6 +15,7 @@ void cAudioPitchPostProcess::limitPitch(double* pitch, int n, float minPitch, fl
 }
 
 void cAudioPitchPostProcess::trimPitch(const double* pitch, int n, int& first, int& last) {
+    n = std::max(n, 0);
     first = 0;
     while (first < n && pitch[first] == 0.0) ++first;
     last = n - 1;

@@ -1,7 +1,7 @@
 // The stages of bGetPitch: to 8 kHz, to 8 bits; a first pass over the whole pitch range; a second one around
 // its median; a third one around the median of the second inside the sound; a fourth one around the median of
-// the third. Each pass narrows the search to where the voice is, so that an octave error of one frame finds
-// no candidates in the next pass.
+// the third. Each pass narrows the search to an octave below and above where the voice is, so that most
+// octave errors of single frames find no candidates in the next pass.
 #include "audio/pitchTracking/recording.hpp"
 
 #include "audio/endPoint/byVolume.hpp"

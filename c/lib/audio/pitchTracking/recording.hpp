@@ -6,9 +6,9 @@
 class cAudioRecording {
 public:
     /// The pitch of a recording in integer form. The recording is brought to 8 kHz and 8 bits and tracked
-    /// four times (ACF), each time in a band of 24 semitones around the median pitch found so far; the frames
-    /// outside the sound that the volume-and-ASHOD detector finds have no pitch, nor have those with a pitch
-    /// below 34 or above 90.
+    /// four times (ACF), first from 30 to 84 semitones, then three times in a band of 24 semitones around the
+    /// median pitch found so far; the frames outside the sound that the volume-and-ASHOD detector finds have
+    /// no pitch, nor have those with a pitch below 34 or above 90.
     ///
     /// @param wave    the samples.
     /// @param out     receives an array, also for no value, that the caller releases with free: one value for
@@ -16,11 +16,9 @@ public:
     ///                semitones.
     /// @param outLen  receives its length; 0 for a recording without a whole frame or without pitch.
     /// @param fs      sample rate, Hz. Rates other than 8000 are converted, as a line on the host console
-    /// says;
-    ///                with a rate below 1 the recording counts as empty.
+    ///                says; with a rate below 1 the recording counts as empty.
     /// @param nbits   bits per sample: 16, which another line says are reduced to 8; samples of any other
-    /// depth
-    ///                are taken as they are.
+    ///                depth are taken as they are.
     /// @return        true.
     static bool bGetPitch(const std::vector<short>& wave, int*& out, int& outLen, int fs, int nbits);
 

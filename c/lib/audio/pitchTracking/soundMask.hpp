@@ -7,8 +7,8 @@
 
 #include <vector>
 
-/// The pitch frame whose middle lies nearest to the middle of a detector's frame, formed in single precision
-/// and rounded; before the first pitch frame it is negative.
+/// The pitch frame whose middle lies nearest to the middle of a detector's frame, the quotient taken in
+/// single precision and rounded; before the first pitch frame it is negative.
 int pitchFrameOf(int detectorFrame, const EPDPARAM& epdParam, const PTPARAM& ptParam);
 
 /// One flag for each of frameNum pitch frames: set from the frame of a segment's begin to that of its end,

@@ -37,7 +37,7 @@ double* arrayOr(double* callers, std::vector<double>& own, std::ptrdiff_t size) 
 void setSearchedLags(PTPARAM& ptParam) {
     const LagRange range = lagRange(ptParam);
     ptParam.minIndex = range.first;
-    ptParam.maxIndex = std::min(range.last, ptParam.pfLen - 1);
+    ptParam.maxIndex = std::min(range.last, std::max(ptParam.pfLen, 0) - 1);
 }
 
 void volumeGate(const int* wave, int waveLen, const PTPARAM& ptParam, int frameNum, double* pitch) {
@@ -73,7 +73,7 @@ int cutZeros(double* pitch, int n) {
     int first = 0;
     int last = 0;
     cAudioPitchPostProcess::trimPitch(pitch, n, first, last);
-    std::copy(pitch + first, pitch + last + 1, pitch);
+    if (first > 0) std::copy(pitch + first, pitch + last + 1, pitch);
     return last + 1 - first;
 }
 
@@ -82,6 +82,7 @@ int cutZeros(double* pitch, int n) {
 template <>
 int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch,
                                   double* clarity, double* pfMat, int* bestIndexOut) {
+    setSearchedLags(ptParam);
     const int frameNum = wholeFrameNum(waveLen, ptParam.frameSize, ptParam.overlap);
     if (frameNum == 0) return 0;
     std::fill_n(pitch, frameNum, 0.0);
@@ -94,7 +95,6 @@ int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam
                pfMethodOf(ptParam.pfType), matrix.values);
     const bool sounds = normalise(matrix);
 
-    setSearchedLags(ptParam);
     const bool clarityAsked = clarity != nullptr || ptParam.useClarityWeight != 0;
     clarity = arrayOr(clarity, ownClarity, frameNum);
     if (clarityAsked) findClarity(matrix, ptParam, clarity);

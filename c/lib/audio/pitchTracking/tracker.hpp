@@ -8,9 +8,8 @@
 /// @param wave          waveLen samples, of 16 bits or of 8, left unchanged.
 /// @param waveLen       samples in the recording.
 /// @param ptParam       the parameters; minIndex and maxIndex are set here.
-/// @param pitch         receives the pitch of each whole frame (cAudio::getFrameNum2 of frameSize and
-/// overlap)
-///                      in semitones, 0 for a frame without pitch.
+/// @param pitch         receives the pitch of each whole frame in semitones (as many as
+///                      cAudio::getFrameNum2 counts), 0 for a frame without pitch.
 /// @param clarity       receives the clarity of each frame: with useClarityThreshold the ratio of the pitch
 ///                      function at the chosen lag to that at lag 0 (0 without a lag or where the ratio is
 ///                      not from 0 to 1), else what pf2pitchClarity says. May be null.
@@ -21,10 +20,10 @@
 /// @return              the number of valid values at the front of pitch: that of the whole frames, or fewer
 ///                      with cutLeadingTrailingZero. Behind them pitch holds what was there before the cut.
 ///
-/// A recording without a whole frame (a frame step of 0 or less included) writes nothing, prints nothing and
-/// gives 0. One whose pitch functions are 0 everywhere has no candidate: pitch 0, clarity 0, no lag.
-/// A clarity above 1, and volume end points that find no sound, are reported on the host console. A type that
-/// is neither PF_AMDF nor PF_ACF is fatal path A in wave2pfMat.
+/// A recording without a whole frame (a frame step of 0 or less included) sets minIndex and maxIndex, writes
+/// and prints nothing else and gives 0. One whose pitch functions are 0 everywhere has no candidate: pitch 0,
+/// clarity 0, no lag. A clarity above 1, and volume end points that find no sound, are reported on the host
+/// console. A type that is neither PF_AMDF nor PF_ACF is fatal path A in wave2pfMat.
 ///
 /// The instance: <double, int>.
 template <typename Pitch, typename Sample>

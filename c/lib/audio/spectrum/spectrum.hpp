@@ -45,6 +45,7 @@ public:
     /// @param frameSize  samples per frame, at most 512.
     /// @param overlap    samples shared by consecutive frames.
     /// @return           frame index, the first of equal ones; 0 with fewer than 5 whole frames.
-    /// Fatal path A with "Error: frameSize is larger than paddedSize (line %d of file %s)".
+    /// Fatal path A with "Error: frameSize is larger than paddedSize (line %d of file %s)", and that of
+    /// cAudio::matCreate where memory lacks.
     static int uvCut(const int* wave, int waveLen, int frameSize, int overlap);
 };

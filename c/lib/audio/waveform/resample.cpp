@@ -7,8 +7,8 @@ namespace {
 
 int interpolated(const int* wave, int waveLen, double position) {
     if (position >= waveLen - 1) return wave[waveLen - 1];
-    if (!(position > 0.0)) return wave[0];
-    const auto k = static_cast<int>(position); // the floor, as the position is positive
+    if (!(position >= 0.0)) return wave[0];
+    const auto k = static_cast<int>(position); // the floor, as the position is not negative
     const double f = position - k;
     return myRound(static_cast<float>(wave[k] * (1.0 - f) + wave[k + 1] * f));
 }

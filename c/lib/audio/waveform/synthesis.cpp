@@ -5,6 +5,7 @@
 #include "utility/vector/search.hpp"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -30,14 +31,17 @@ struct Tones {
 
     int count() const { return static_cast<int>(start.size()); }
 
-    /// The number of the tone after the one in force; 0 before the first.
-    int following(int position) const { return rangeSearchBinSub(position, start.data(), 0, count() - 1); }
+    /// The number of the tone after the one in force; 0 before the first. A rest without length gives way to
+    /// the tone that starts where it does.
+    int following(int position) const {
+        int next = rangeSearchBinSub(position, start.data(), 0, count() - 1);
+        while (periodBefore(next) == 0 && startOf(next, INT_MAX) <= position) ++next;
+        return next;
+    }
 
-    /// The first start beyond the position, among the tones from next on, or the end.
-    int resumeAt(int position, int next, int end) const {
-        const auto beyond =
-            std::find_if(start.begin() + next, start.end(), [=](int s) { return s > position; });
-        return beyond == start.end() ? end : std::min(*beyond, end);
+    int periodBefore(int next) const { return next < 1 ? 0 : period[static_cast<std::size_t>(next) - 1]; }
+    int startOf(int tone, int end) const {
+        return tone < count() ? start[static_cast<std::size_t>(tone)] : end;
     }
 };
 
@@ -51,9 +55,9 @@ void synthesise(const Tones& tones, double* wave, int waveLen) {
     int lastPeriod = 0; // of the period that ends at the position, there to be repeated
     for (int position = 0; position < waveLen;) {
         const int next = tones.following(position);
-        const int period = next < 1 ? 0 : tones.period[static_cast<std::size_t>(next) - 1];
+        const int period = tones.periodBefore(next);
         if (period == 0) {
-            position = tones.resumeAt(position, next, waveLen);
+            position = std::min(tones.startOf(next, waveLen), waveLen);
             lastPeriod = 0;
             continue;
         }
@@ -76,7 +80,7 @@ float cAudioSynthesis::pitch2freq(float pitch) {
 
 float cAudioSynthesis::freq2pitch(float freq) {
     if (freq <= 0.0F) return 0.0F;
-    return static_cast<float>(12.0 * std::log(static_cast<double>(freq) / 440.0) / 0.69314718055995 + 69.0);
+    return static_cast<float>(12.0 * std::log(static_cast<double>(freq) / 440.0) / lnTwo + 69.0);
 }
 
 void cAudioSynthesis::pitch2wave(const double* pitch, int pitchLen, double pitchRate, int fs, double* wave,

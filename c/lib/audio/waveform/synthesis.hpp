@@ -14,8 +14,8 @@ public:
     /// period is a whole number of samples, fs / frequency rounded, of the frame in force where it starts; it
     /// runs to its end even when the next frame has begun. The first period that would pass the end of the
     /// output ends the sound; what is not written is 0. A period that rounds to less than one sample (a pitch
-    /// above the sample rate, not-a-number) is a rest, as is whatever lies before the first start. The sound
-    /// resumes after a rest at the first start beyond it.
+    /// above the sample rate, not-a-number) is a rest, as is whatever lies before the first start. A rest
+    /// ends where the next frame starts; one without length is passed over.
     ///
     /// @param pitch      pitchLen pitches in semitones; with none, the output is silent.
     /// @param pitchRate  frames per second: frame i starts at sample i * fs / pitchRate, rounded in single
@@ -29,8 +29,8 @@ public:
     /// those before it end, floor(fs * seconds).
     ///
     /// @param pitch     noteNum pitches in semitones; with none, the output is silent.
-    /// @param duration  noteNum durations in seconds. Of notes that start at one sample, the one that sounds
-    ///                  is the one which the bisection over the starts meets first.
+    /// @param duration  noteNum durations in seconds. Of notes that start at one sample, one without length
+    ///                  may sound for a period; then the last of them is in force.
     static void note2wave(const double* pitch, int noteNum, const double* duration, int fs, double* wave,
                           int waveLen);
 

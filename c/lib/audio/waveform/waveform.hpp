@@ -4,9 +4,8 @@
 
 class cAudioWaveform {
 public:
-    /// Linear filter in direct form, in place: y[n] = sum of b[k] * x[n - k] for k >= 0, minus the sum of
-    /// a[k]
-    /// * y[n - k] for k >= 1, each summed from the smallest k upwards, with zero initial state.
+    /// Linear filter in direct form, in place: y[n] = sum of b[k] * x[n - k] for k >= 0, minus the sum
+    /// of a[k] * y[n - k] for k >= 1, each summed from the smallest k upwards, with zero initial state.
     ///
     /// @param b  bLen numerator coefficients; with none, the output is 0.
     /// @param a  aLen denominator coefficients; a[0] is never read and stands for 1.
@@ -14,8 +13,8 @@ public:
     static void filter(const double* b, int bLen, const double* a, int aLen, double* x, int xLen);
 
     /// A recursive echo: out[i] = wave[i] + gain * out[i - d], so that every echo is echoed again. The delay
-    /// of d samples is fs * delay, formed in double, narrowed to float and rounded. A delay below one sample,
-    /// of not-a-number, or of the whole waveform and more gives no echo: the output is the input.
+    /// of d samples is fs * delay, formed in double, narrowed to float and rounded. A d below 1, a delay of
+    /// not-a-number, or one of the whole waveform and more gives no echo: the output is the input.
     ///
     /// @param wave   waveLen samples of any scale.
     /// @param fs     sample rate.
@@ -35,8 +34,7 @@ public:
     /// @param oldFs   sample rate of the input.
     /// @param newFs   sample rate of the output; (waveLen - 1) * newFs / oldFs + 1 samples cover the input.
     /// @param out     receives outLen samples. Positions that reach the last input sample repeat it;
-    /// positions
-    ///                before the first one, which only a negative rate gives, and undefined ones (both rates
-    ///                0) repeat the first.
+    ///                positions before the first one, which only a negative rate gives, and undefined ones
+    ///                (both rates 0) repeat the first.
     static void waveResample(const int* wave, int waveLen, int oldFs, int newFs, int* out, int outLen);
 };

@@ -12,8 +12,7 @@ void fileWrite(const char* path, const std::vector<std::string>& values);
 /// Reads numbers separated by white space up to the first text that is none: "12,3" gives 12.
 ///
 /// @param values  cleared, then filled. Integers beyond the range of int give its nearest end, floating
-/// values
-///                beyond theirs infinity.
+///                values beyond theirs infinity.
 /// Fatal path A of openFile.
 void fileRead(const char* path, std::vector<int>& values);
 void fileRead(const char* path, std::vector<float>& values);

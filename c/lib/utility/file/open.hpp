@@ -8,8 +8,8 @@
 /// @param path  null counts as a file that cannot be opened, and so does a null mode.
 /// @param mode  as fopen takes it: "r", "rb", "w", "wb", "a".
 /// @return      the open stream, never null; the caller closes it (FileHandle does so on every way out).
-/// Fatal path A with "Cannot open file %s (line %d of %s)". Every operation of the library that opens a file
-/// does it this way, except fileExist and vecWrite.
+/// Fatal path A with "Cannot open file %s (line %d of %s)". Every operation that reads or writes a file of
+/// the caller opens it this way, except fileExist and vecWrite.
 std::FILE* openFile(const char* path, const char* mode);
 
 /// 1 if the path can be opened for reading, else 0 (for a null path too); prints nothing. A directory opens

@@ -7,7 +7,7 @@
 /// beyond the range of int gives its nearest end, a floating value beyond its range infinity.
 ///
 /// @return  whether there was a number; if not, value is unchanged, and the stream stands at the character
-///          that is part of none.
+///          that is part of none (behind a sign that no digit follows).
 bool scanNumber(std::FILE* file, int& value);
 bool scanNumber(std::FILE* file, float& value);
 bool scanNumber(std::FILE* file, double& value);

@@ -42,7 +42,7 @@ struct SCALEDVECSET {
 void linearScaledVecCreate(const double* query, int queryLen, double lowerRatio, double upperRatio,
                            int resolution, SCALEDVECSET* set);
 
-/// Releases the arrays of a set and sets their pointers to null; a second call does nothing.
+/// Releases the arrays of a set and leaves it without scales; a second call does nothing.
 void linearScaledVecFree(SCALEDVECSET* set);
 
 /// Linear scaling without a shift. Lengths are truncated.
@@ -67,8 +67,7 @@ double linearScaling(const double* query, int queryLen, const double* reference,
 /// above, with:
 ///
 /// @param distanceType  1 or 2; any other value leaves by fatal path A with "Unknown distance type (line %d
-/// of
-///                      %s)" when the first scale is compared.
+///                      of %s)" when the first scale is compared.
 /// @param shift         receives resolution shifts: what was subtracted from each scaled query. Untouched for
 ///                      scales that were not compared.
 /// @param difference    second work array, as long as scaled; left holding anything.

@@ -30,7 +30,6 @@ void linearScaledVecCreate(const double* query, int queryLen, double lowerRatio,
         lowerRatio, upperRatio, resolution, maxLen, allocate<double>(rows, stride), allocate<int>(rows, 1)};
     if (!set->scaledVec || !set->scaledVecLen) {
         linearScaledVecFree(set);
-        set->resolution = 0;
         myExitFormatted("No memory for %d scales of %d values (line %d of %s)", resolution, maxLen, __LINE__,
                         utilitySourcePath);
     }
@@ -46,4 +45,5 @@ void linearScaledVecFree(SCALEDVECSET* set) {
     std::free(set->scaledVecLen);
     set->scaledVec = nullptr;
     set->scaledVecLen = nullptr;
+    set->resolution = 0;
 }

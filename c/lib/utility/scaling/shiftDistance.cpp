@@ -23,10 +23,12 @@ double shiftedDistance(const double* shorter, const double* longer, int n, doubl
 
 double lrShiftDist(const double* vec1, int len1, const double* vec2, int len2, int distanceType,
                    double& shift, int& bestPosition) {
-    shift = noMatchDistance;
     bestPosition = -1;
     double best = noMatchDistance;
-    if (len1 < 1 || len2 < 1) return best;
+    if (len1 < 1 || len2 < 1) {
+        shift = noMatchDistance;
+        return best;
+    }
     if (!isDistanceType(distanceType))
         myExitFormatted("Unknown distance type (line %d of %s)", __LINE__, utilitySourcePath);
     if (len1 > len2) {

@@ -11,10 +11,10 @@
 ///                      leaves by fatal path A with "Unknown distance type (line %d of %s)", unless a
 ///                      sequence is empty.
 /// @param shift         receives the offset: what to subtract from the shorter sequence to bring it onto the
-///                      longer one; noMatchDistance (2147483647.0) where there is no best position.
+///                      longer one; noMatchDistance (2147483647.0) if a length is below 1, unchanged if no
+///                      distance is below that.
 /// @param bestPosition  receives the position in the longer sequence, from 0, the first one of equals; -1 if
-/// a
-///                      length is below 1 or no distance is below 2147483647.0.
+///                      a length is below 1 or no distance is below 2147483647.0.
 /// @return              the smallest distance, not divided by the length; 2147483647.0 if there is no best
 ///                      position.
 double lrShiftDist(const double* vec1, int len1, const double* vec2, int len2, int distanceType,

@@ -5,10 +5,9 @@
 /// Takes, step by step, the set with the most elements that are not yet covered (the lowest row among
 /// equals), until all elements are covered, no set adds anything, or maxSetNum sets are taken.
 ///
-/// @param sets       rowNum x colNum element numbers, column after column, row r being set r; 0 marks an
-/// empty
-///                   slot. Entries are truncated; what is below 1, infinite or not a number counts as an
-///                   empty slot. Rewritten: each row becomes its distinct element numbers in increasing
+/// @param sets       rowNum x colNum element numbers, column after column, row r being set r; 0 marks
+///                   an empty slot. Entries are truncated; what is below 1, infinite or not a number counts
+///                   as an empty slot. Rewritten: each row becomes its distinct element numbers in increasing
 ///                   order, followed by zeros. The universe is 1 to E, the largest entry.
 /// @param rowNum     number of sets; below 1 there are none.
 /// @param colNum     slots of a set; below 1 there are none.

@@ -9,6 +9,5 @@
 ///
 /// @param lattice  one list of alternatives for each position.
 /// @param paths    replaced; as many as the product of the list sizes. A lattice without lists has no path,
-/// and
-///                 neither has one with an empty list. May be one of the lattice's lists.
+///                 and neither has one with an empty list. May be one of the lattice's lists.
 void getAllLatticePath(const std::vector<std::vector<std::string>>& lattice, std::vector<std::string>& paths);

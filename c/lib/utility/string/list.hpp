@@ -15,7 +15,7 @@ void strVecRemoveEmptyElement(std::vector<std::string>& list);
 
 /// Prints a list, or writes it to a file.
 ///
-/// @param name  what the printed lines call the list.
+/// @param name  what the printed lines call the list; not null.
 /// @param path  a file, replaced by one line for each element (fatal path A of openFile). Empty or null:
 ///              one line "NAME[i] = ELEMENT" for each element goes to the standard output stream, and for an
 ///              empty list "NAME has zero element!" to the host console.

@@ -10,7 +10,7 @@
 namespace {
 
 void countInto(int* histVec, int histVecLen, const int* vec, int n) {
-    std::fill(histVec, histVec + histVecLen, 0);
+    std::fill(histVec, histVec + std::max(histVecLen, 0), 0);
     for (int i = 0; i < n; ++i) {
         if (vec[i] < 0 || vec[i] >= histVecLen) {
             mexPrintf("Out of bound!\n");
@@ -28,7 +28,6 @@ int vecMedian(const int* vec, int n) {
 }
 
 int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {
-    histVecLen = std::max(histVecLen, 0);
     countInto(histVec, histVecLen, vec, n);
     if (n < 1) return 0;
     std::int64_t total = 0;

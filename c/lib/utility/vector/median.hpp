@@ -18,13 +18,12 @@
 /// Linear in n for every order of the values: random, sorted, constant, saw-tooth. Not-a-number compares
 /// unordered, and zeros of both signs compare equal: which of them is found follows from the selection that
 /// takes the first value of a range as pivot and swaps smaller ones in front of it, in order. Where that
-/// takes too many steps (16 million with not-a-number, 4 n without), a zero may have either sign, and
-/// not-a-number stands above all numbers.
+/// takes too many steps (16 million, or 4 n if that is more), a zero may have either sign, and not-a-number
+/// stands above all numbers.
 template <typename T>
 T vecMedian(const T* vec, int n);
 
-/// The same for callers that bring a copy of their own, such as those that take the median of every frame: up
-/// to 1024 values take no memory.
+/// The same for callers that bring a copy of their own: up to 1024 values take no memory.
 ///
 /// @param scratch  n values; changed to anything.
 template <typename T>

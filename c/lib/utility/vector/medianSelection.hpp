@@ -10,7 +10,8 @@
 // compare equal or unordered comes to stand in the middle follows from the exchanges, and these are the
 // exchanges that the median is defined by.
 //
-// Both hand over to the standard library's selection when they take much longer than with random values.
+// Splitting hands over to the standard library's selection when it takes much longer than with random values,
+// the exchanges where they would take quadratic time over a long vector.
 #pragma once
 
 #include <algorithm>
@@ -149,8 +150,7 @@ int partitionAroundFirst(T* range, int len) {
 template <std::floating_point T>
 Middle<T> byFirstPivot(T* vec, int n, int k) {
     constexpr std::int64_t worthTheExactOutcome = 1 << 24;
-    const bool holdsNaN = std::any_of(vec, vec + n, [](T value) { return value != value; });
-    std::int64_t stepsLeft = std::max(std::int64_t{4} * n, holdsNaN ? worthTheExactOutcome : 0);
+    std::int64_t stepsLeft = std::max(std::int64_t{4} * n, worthTheExactOutcome);
     T floor = -std::numeric_limits<T>::infinity(); // no value of the range is below
     int first = 0;
     int end = n;

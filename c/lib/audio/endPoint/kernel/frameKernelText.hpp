@@ -2,6 +2,7 @@
 // order is free and every width gives the same value.
 #pragma once
 
+#include "audio/endPoint/kernel/frameKernel.hpp"
 #include "utility/vector/kernel/lanes.hpp"
 
 namespace {

@@ -26,8 +26,7 @@ template <typename Kind>
 constexpr size_t padding = lanes* Kind::lags;
 
 /// The frame in one lane of a tile becomes shifted, frameSize + Kind::lags vectors; line has room for
-/// frameSize
-/// + padding samples.
+/// frameSize + padding samples.
 template <typename Kind>
 void shiftFrame(const Task& task, const Doubles* tile, size_t lane, double* line, Doubles* shifted) {
     const size_t n = task.frameSize;

@@ -5,8 +5,7 @@
 //   1. the frames are copied into the tile, one lane each; lanes without a frame repeat the last one
 //   2. they are flipped and their means removed, where the task asks for it
 //   3. the pitch functions are summed, frames side by side if the tile is full or nearly so, else frame by
-//   frame
-//      with lags side by side
+//      frame with lags side by side
 // Frames of ints become doubles, and give what exact integers rounded once would give: differences of ints
 // are exact in double, products are rounded once. Where they are small enough they are kept in 16 bits.
 #pragma once
