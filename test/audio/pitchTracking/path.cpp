@@ -102,8 +102,9 @@ TEST(Path, WidestKernelTakesTheSameWay) {
         penalty.push_back(static_cast<double>(0.1F * static_cast<float>(std::abs(d))));
     const auto result = [&](auto version, const double* tabled, bool low) {
         std::pair best(std::vector<float>(128), std::vector<int>(128));
+        std::vector<double> promised(128);
         version({total.data(), position.data(), 100, position.data(), 128, best.first.data(),
-                 best.second.data(), tabled, 0.1F, false, low});
+                 best.second.data(), tabled, 0, low, promised.data(), 0.1F, false, low});
         return best;
     };
     for (const bool low : {false, true})
