@@ -3,15 +3,6 @@
 
 1;
 
-function message = errorOf (name, arguments)
-  message = "";
-  try
-    evalc ("feval (name, arguments{:});");
-  catch err
-    message = err.message;
-  end
-end
-
 function text = shown (arguments)
   text = "";
   for x = arguments
@@ -21,7 +12,12 @@ function text = shown (arguments)
 end
 
 function assertRefused (name, arguments, pattern)
-  message = errorOf (name, arguments);
+  message = "";
+  try
+    evalc ("feval (name, arguments{:});");
+  catch err
+    message = err.message;
+  end
   assert (! isempty (regexp (message, ["^" name ": " pattern], "once")), "%s (%s): got '%s', want '%s'",
           name, shown (arguments), message, pattern);
 end
