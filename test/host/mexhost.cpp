@@ -14,6 +14,7 @@ using namespace std::string_literals;
 
 const std::string probe = MEXHOST_PROBE " ";
 const std::string module = MEXHOST_WAVE2PFMAT " ";
+const std::string library = MEXHOST_LIBRARY " ";
 const std::string speech = WAVEPITCH_EXAMPLES "/speech8k.wav ";
 const std::string directory = testing::TempDir() + "mexhost-" + std::to_string(getpid()) + "-";
 
@@ -63,6 +64,11 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         {probe + "missing.csv", 1, "", "missing.csv: cannot be opened"},
         {probe + noAudio, 1, "", "noise.wav: not a number, not a table (.csv, .txt), not readable as audio"},
         {probe + "0 1 --csv /nowhere/a.csv", 1, "output 1", "/nowhere/a.csv: cannot be written"},
+        {library + "ptParam 8000 --csv /dev/null", 1, "output 1: struct\n  fs = 8000\n",
+         "the output has none"},
+        {library + "waveVolumeCheck " + speech + "--out 2 --csv /dev/null", 0, "output 2: \"fit\"\n", ""},
+        {library + "wave2pitch " + speech + "@rate unit foo", 1, "",
+         "error: wave2pitch: UNIT must be one of"},
         {noAudio + " 1", 1, "", "noise.wav: cannot be loaded as a module"},
         {"", 2, "", "MODULE is required"},
         {module + speech + "256 128 128 7 1", 1, "Saved error log",
