@@ -7,8 +7,9 @@ wavepitchTest(mexhostTest host/mexhost.cpp)
 target_compile_definitions(mexhostTest PRIVATE
   MEXHOST_PROGRAM="$<TARGET_FILE:mexhost>"
   MEXHOST_PROBE="$<TARGET_FILE:probe>"
-  MEXHOST_WAVE2PFMAT="$<TARGET_FILE:wave2pfMat>")
-add_dependencies(mexhostTest mexhost probe wave2pfMat)
+  MEXHOST_WAVE2PFMAT="$<TARGET_FILE:wave2pfMat>"
+  MEXHOST_LIBRARY="$<TARGET_FILE:wavepitchLibrary>")
+add_dependencies(mexhostTest mexhost probe wave2pfMat wavepitchLibrary)
 
 # The module in GNU Octave, against the same module in mexhost.
 find_program(OCTAVE_CLI octave-cli)

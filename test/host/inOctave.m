@@ -3,17 +3,13 @@
 
 1;
 
-function message = errorOf (varargin)
+function message = assertError (pattern, varargin)
   message = "";
   try
     wave2pfMat (varargin{:});
   catch err
     message = err.message;
   end
-end
-
-function assertError (pattern, varargin)
-  message = errorOf (varargin{:});
   assert (! isempty (regexp (message, pattern)), "got '%s', want '%s'", message, pattern);
 end
 
@@ -39,16 +35,25 @@ function audioIsReadAsTheHostReadsIt (mexhost, probe)
   end
 end
 
+function tablesKeepEveryBit (mexhost, probe)
+  rand ("twister", 1);
+  values = [-0, 5e-324, realmax, 0.1, 1 / 3, -Inf; (rand (250, 6) - 0.5) .* 10 .^ (600 * rand (250, 6) - 300)];
+  file = [tempname() ".txt"];
+  fid = fopen (file, "w");
+  fprintf (fid, "%.17g,%.17g; %.17g %.17g\t%.17g , %.17g\r\n\n", values');
+  fclose (fid);
+  assert (sameBits (inMexhost (mexhost, probe, "0", file), values));
+  delete (file);
+end
+
 function recordingsGiveTheSameBitsInBothHosts (mexhost, module, examples)
   for file = glob (fullfile (examples, "*.wav"))'
     [wave, fs] = audioread (file{1});
-    for pfType = 0:1
-      for pfMethod = 1:4
-        numbers = num2cell ([fs / 31.25, fs / 62.5 - 1, fs / 62.5, pfType, pfMethod]);
-        text = cellfun (@num2str, numbers, "UniformOutput", false);
-        assert (sameBits (wave2pfMat (wave, numbers{:}), inMexhost (mexhost, module, file{1}, text{:})),
-                strjoin ([file, text]));
-      end
+    for kind = [0, 0, 1, 1; 1:4]  % pfType, pfMethod
+      numbers = num2cell ([fs / 31.25, fs / 62.5 - 1, fs / 62.5, kind']);
+      text = cellfun (@num2str, numbers, "UniformOutput", false);
+      assert (sameBits (wave2pfMat (wave, numbers{:}), inMexhost (mexhost, module, file{1}, text{:})),
+              strjoin ([file, text]));
     end
   end
 end
@@ -57,10 +62,9 @@ function shapeOfTheWaveformDoesNotMatter ()
   wave = sin ((1:1000)' / 7) .* (1:1000)';
   want = wave2pfMat (wave, 100, 50, 40, 1, 3);
   assert (size (want), [40, 19]);
-  for got = {wave', reshape(wave, 10, 100), reshape(wave, 10, 10, 10)}
-    assert (sameBits (wave2pfMat (got{1}, 100, 50, 40, 1, 3), want));
+  for got = {wave', reshape(wave, 10, 10, 10)}
+    assert (sameBits (wave2pfMat (got{1}, int16 (100), single (50.9), 40, 1, 3), want));
   end
-  assert (sameBits (wave2pfMat (wave, int16 (100), single (50.9), 40, 1, 3), want));
   assert (size (wave2pfMat (wave, 1001, 0, 40, 9, 9)), [40, 0]);
 end
 
@@ -86,15 +90,15 @@ end
 
 function fatalErrorIsAnErrorAndStandsInTheLog ()
   delete ("/tmp/error.log");
-  printed = evalc ("assertError ('^wave2pfMat: Unknown pfType=7 ', 1:8, 4, 0, 3, 7, 1)");
+  printed = evalc ("message = assertError ('^wave2pfMat: Unknown pfType=-1 ', 1:8, 4, 0, 3, -1, 1);");
   assert (printed, "\nSaved error log at /tmp/error.log...\n");
-  message = errorOf (1:8, 4, 0, 3, -1, 1);
   assert (["Error: " message(numel("wave2pfMat: ") + 1:end) "\n"], fileread ("/tmp/error.log"));
   assert (wave2pfMat ([1 2 3 4], 4, 0, 3, 0, 1), [0; 3; 4]);  % the session goes on
 end
 
 [mexhost, module, probe, examples] = argv (){end-3:end};
 audioIsReadAsTheHostReadsIt (mexhost, probe);
+tablesKeepEveryBit (mexhost, probe);
 recordingsGiveTheSameBitsInBothHosts (mexhost, module, examples);
 shapeOfTheWaveformDoesNotMatter ();
 badArgumentsAreErrorsOfTheHost ();

@@ -3,15 +3,6 @@
 
 1;
 
-function message = errorOf (name, arguments)
-  message = "";
-  try
-    evalc ("feval (name, arguments{:});");
-  catch err
-    message = err.message;
-  end
-end
-
 function text = shown (arguments)
   text = "";
   for x = arguments
@@ -20,8 +11,17 @@ function text = shown (arguments)
   end
 end
 
+function rows = among (names, values)  % the same bad values for each of several options
+  rows = [names', repmat({values}, numel (names), 1)];
+end
+
 function assertRefused (name, arguments, pattern)
-  message = errorOf (name, arguments);
+  message = "";
+  try
+    evalc ("feval (name, arguments{:});");
+  catch err
+    message = err.message;
+  end
   assert (! isempty (regexp (message, ["^" name ": " pattern], "once")), "%s (%s): got '%s', want '%s'",
           name, shown (arguments), message, pattern);
 end
@@ -34,15 +34,21 @@ vector = [anyClass, {ones(2, 2)}];
 samples = [vector, {[0, 2], uint16([1, 2]), uint32(1)}];
 words = {[], "foo", 7, {"volume"}, ["volume"; "handse"], 1i, NaN};
 flags = {2, "x", [], NaN, [true, true]};
-files = {[], "/nowhere/file", 7, {"x"}, struct(), ""};
+files = {[], "/nowhere/file", "/dev/zero", tempdir(), 7, {"x"}, struct(), ""};
 frames = {"frameSize", whole; "overlap", whole};
 features = [frames; {"nbits", [scalar, {12}]}];
 
 % function, good arguments, the name of each and its bad values, options and theirs
 table = {
   "wave2pitch", {wave, 8000}, {"WAVE", samples; "FS", [whole, {0}]}, ...
-    {"frameSize", whole; "overlap", [scalar, {1.5, 1e10}]; "nbits", [scalar, {12}]; "pfType", words; "frameRate", [scalar, {0, 1e9}]; "paramFile", files; "unit", words; ...
-                "minPitch", [scalar, {300}]; "clarityRatio", [scalar, {2}]; "pfLen", [whole, {1}]; "useVolThreshold", flags};
+    [frames(1, :); {"overlap", [scalar, {1.5, 1e10}]; "nbits", [scalar, {12}]; "pfType", words; ...
+     "frameRate", [scalar, {0, 1e9}]; "paramFile", files; "unit", words; "pfLen", [whole, {1}]; ...
+     "clarityRatio", [scalar, {2}]}; among({"minPitch", "maxPitch"}, [scalar, {300}]); ...
+     among({"pitchRangeMax", "pitchDiffMax", "maxMedianPitchDiff"}, [scalar, {-1, 300}]); ...
+     among({"pfWeight", "indexDiffWeight", "maxAmdfLocalMinCount", "minAmdfRange"}, [scalar, {1e10}]); ...
+     among({"ppcNum", "dpMethod", "dpPosDiffOrder", "dpUseLocalOptim", "medianFilterOrder"}, whole); ...
+     among({"useVolThreshold", "useClarityThreshold", "useClarityWeight", "cutLeadingTrailingZero", ...
+            "halfOfFs", "halfOfNbits"}, flags)];
   "wave2pv", {wave, 8000, 16}, {"WAVE", samples; "FS", whole; "NBITS", [scalar, {12}]}, {};
   "isWaveSilence", {wave, 8000, 16, 5}, ...
     {"WAVE", samples; "FS", whole; "NBITS", scalar; "VOLTH", whole}, {};
@@ -50,7 +56,10 @@ table = {
   "ptParam", {8000, 16, "acf"}, ...
     {"FS", whole; "NBITS", [scalar, {12}]; "PFTYPE", words; "PARAMFILE", files}, {};
   "endPoints", {wave, 8000, "volume"}, {"WAVE", samples; "FS", whole; "METHOD", words}, ...
-    [features; {"volRatio", [whole, {0}]; "diffOrder", [whole, {6}]; "minSegment", [scalar, {-1}]}];
+    [features; {"volRatio", [whole, {0}]; "diffOrder", [whole, {6}]}; ...
+     among({"minSegment", "maxSilBetweenWord", "minLastWordDuration"}, [scalar, {-1}])];
+  "endPoints", {wave, 8000, "volumeHod"}, {}, {"vhRatio", [whole, {0}]};
+  "endPoints", {wave, 8000, "character"}, {"WAVE", vector}, {"maxNum", [whole, {0, 2e6}]};
   "wave2volume", {wave, 8000}, {"WAVE", samples; "FS", whole}, [features; {"method", [whole, {4}]}];
   "wave2zcr", {wave, 8000}, {"WAVE", samples; "FS", whole}, features;
   "wave2ashod", {wave, 8000}, {"WAVE", samples; "FS", whole}, [features; {"order", [whole, {6}]}];

@@ -1,6 +1,10 @@
 # The Octave package and the module behind it in the real host.
+find_library(SNDFILE sndfile REQUIRED)
 add_executable(libraryReference package/reference.cpp)
-target_link_libraries(libraryReference PRIVATE wavepitch::audio wavepitch::standIn wavepitchWarnings)
+target_include_directories(libraryReference PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(libraryReference PRIVATE
+  wavepitch::audio wavepitch::standIn wavepitchWarnings ${SNDFILE})
+target_compile_definitions(libraryReference PRIVATE WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 
 function(packageTest name)
   if(NOT OCTAVE_CLI OR NOT MKOCTFILE)

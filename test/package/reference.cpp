@@ -1,15 +1,12 @@
-// reference WAVE DIR: what the library itself computes of a recording of 16-bit samples, each result a file
-// of doubles in DIR, without a module or a host.
+// reference WAVE DIR: what the library itself computes of a recording of examples/, each result a file of
+// doubles in DIR, without a module or a host.
 
 #include "audio/audio.hpp"
+#include "utility/utility.hpp"
 
-#include <cstdint>
-#include <cstdio>
+#include "support/recording.hpp"
+
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -17,32 +14,16 @@ std::string directory;
 
 template <typename Values>
 void write(const std::string& name, const Values& values) {
-    std::ofstream file(directory + "/" + name, std::ios::binary);
-    for (const auto value : values) {
-        const auto number = static_cast<double>(value);
-        file.write(reinterpret_cast<const char*>(&number), sizeof number);
-    }
-}
-
-/// The samples behind the 44 bytes of a plain header.
-std::vector<short> read(const char* path, int& fs) {
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes.at(i)); };
-    fs = byte(24) + 256 * byte(25);
-    std::vector<short> wave;
-    for (std::size_t i = 44; i + 1 < bytes.size(); i += 2)
-        wave.push_back(static_cast<short>(static_cast<std::uint16_t>(byte(i) + 256 * byte(i + 1))));
-    return wave;
+    const std::vector<double> numbers(values.begin(), values.end());
+    fileWrite((directory + "/" + name).c_str(), reinterpret_cast<const char*>(numbers.data()),
+              static_cast<long>(numbers.size() * sizeof(double)));
 }
 
 } // namespace
 
 int main(int, char** argv) {
-    int fs = 0;
-    const std::vector<short> recording = read(argv[1], fs);
+    const auto [fs, wave] = readRecording(argv[1]);
     directory = argv[2];
-    const std::vector<int> wave(recording.begin(), recording.end());
     std::vector<double> unit(wave.begin(), wave.end());
     for (double& sample : unit) sample /= 32768;
     const auto waveLen = static_cast<int>(wave.size());
@@ -63,7 +44,7 @@ int main(int, char** argv) {
     }
     int* pv = nullptr;
     int pvLen = 0;
-    cAudio::bGetPitch(recording, pv, pvLen, fs, 16);
+    cAudio::bGetPitch(std::vector<short>(wave.begin(), wave.end()), pv, pvLen, fs, 16);
     write("pv", std::vector<int>(pv, pv + pvLen));
     std::free(pv);
 

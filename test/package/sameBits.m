@@ -11,12 +11,13 @@ function assertSame (directory, name, got)
 end
 
 [reference, examples] = argv (){end-1:end};
-for file = glob (fullfile (examples, "*.wav"))'
+for name = {dir(fullfile (examples, "*.wav")).name}
+  file = fullfile (examples, name{1});
   directory = tempname ();
   mkdir (directory);
-  assert (system (sprintf ("'%s' '%s' '%s' >'%s/console'", reference, file{1}, directory, directory)), 0);
-  [wave, fs] = audioread (file{1});
-  native = audioread (file{1}, "native");
+  assert (system (sprintf ("'%s' '%s' '%s' >'%s/console'", reference, name{1}, directory, directory)), 0);
+  [wave, fs] = audioread (file);
+  native = audioread (file, "native");
   framing = {"frameSize", 256, "overlap", 128};
   for input = {wave, wave', native}
     for pfType = 0:1

@@ -95,22 +95,24 @@ TEST(Path, IsThatOfPlainLoops) {
 }
 
 TEST(Path, WidestKernelTakesTheSameWay) {
-    Doubles total, position, penalty;
-    for (int i = 0; i < 256; ++i) {
-        total.push_back(i * 7919 % 50 + 0.1);
-        position.push_back(i);
-        penalty.push_back(i * 31 % 100);
+    Doubles total, position, penalty(256);
+    for (int i = 0; i < 128; ++i) position.push_back(i);
+    for (int i = 0; i < 100; ++i) total.push_back(i * 7919 % 50 + 0.1);
+    for (const int kind : {0, 1, 2, 3}) {
+        const bool squared = kind < 2, low = kind % 2 == 0;
+        const float weight = low ? 0.1F : -0.1F;
+        for (int d = -128; d < 128; ++d)
+            penalty[size_t(d + 128)] = double(weight * float(squared ? d * d : std::abs(d)));
+        const auto result = [&](auto version, const double* tabled) {
+            std::pair best(std::vector<float>(128), Ints(128));
+            Doubles promised(128);
+            version({total.data(), position.data(), 100, position.data(), 128, best.first.data(),
+                     best.second.data(), tabled, 0, true, promised.data(), weight, squared, low});
+            return best;
+        };
+        for (const double* tabled : {&penalty[128], static_cast<double*>(nullptr)})
+            EXPECT_EQ(result(pathStep<64>, tabled), result(pathStep<16>, nullptr)) << kind;
     }
-    for (const double* tabled : {&penalty[128], static_cast<double*>(nullptr)})
-        for (const int kind : {0, 1, 2, 3}) {
-            const auto result = [&](auto version) {
-                std::pair best(std::vector<float>(128), Ints(128));
-                version({total.data(), position.data(), 100, position.data(), 128, best.first.data(),
-                         best.second.data(), tabled, 0.1F, kind < 2, kind % 2 == 0});
-                return best;
-            };
-            EXPECT_EQ(result(pathStep<64>), result(pathStep<16>)) << kind;
-        }
 }
 
 } // namespace

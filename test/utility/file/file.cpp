@@ -1,19 +1,13 @@
-#include "utility/utility.hpp"
+#include "support/utilityTest.hpp"
 
-#include "support/console.hpp"
 #include "utility/fileHandle.hpp"
 
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-
-#include <climits>
 #include <filesystem>
+#include <unistd.h>
 
 namespace {
 
 using namespace std::string_literals;
-using List = std::vector<std::string>;
 
 /// The file of these tests, in the directory that they run in; scratch gives it a content.
 constexpr char path[] = "scratch.BIN";
@@ -34,7 +28,7 @@ List pieces(const std::string& content, std::size_t size) {
 }
 
 TEST(FileDeathTest, FormsAreWrittenByteForByte) {
-    const std::vector<int> ints{INT_MIN, 7};
+    const Ints ints{INT_MIN, 7};
     std::string text, all;
     const auto next = [&] { fileRead(path, text), all += text; };
     scratch("old"), logVar(0.1, path), logVar(0.1F, path), logVar(7, path), next();
@@ -67,7 +61,7 @@ TEST(File, LinesArriveInPieces) {
         fileRead(scratch(content), lines, '%');
         EXPECT_TRUE(lines == expected) << content.size();
         EXPECT_EQ(withoutLineNumber(console.text()), warnings) << content.size();
-        EXPECT_EQ(getFileLineCount(path), static_cast<int>(pieces(content, 999).size())) << content.size();
+        EXPECT_EQ(getFileLineCount(path), lengthOf(pieces(content, 999))) << content.size();
         const List byNumber = pieces(content, 998);
         for (std::size_t n = 0; n < byNumber.size() + 2; ++n) { // from no line 0 to none beyond the last
             std::string buffer(1000, '#'), line = n == 0 || n > byNumber.size() ? "#" : byNumber[n - 1];
@@ -93,7 +87,7 @@ TEST(File, TextForms) {
 }
 
 TEST(File, TablesReadAsScanfDoesAndKeepWhatTheFileDoesNotGive) {
-    std::vector<int> table, plain;
+    Ints table, plain;
     for (unsigned round = 0; round < 300; ++round) {
         std::string text;
         for (unsigned rest = round * 12345679; rest > 0; rest /= 10) text += " \n\t+-0198x"[rest % 10];
@@ -104,7 +98,7 @@ TEST(File, TablesReadAsScanfDoesAndKeepWhatTheFileDoesNotGive) {
         EXPECT_EQ(table, plain) << text;
     }
     fileRead(scratch("2147483648 -99999999999999999999 -2147483648 8.5 9"), table);
-    EXPECT_EQ(table, (std::vector<int>{INT_MAX, INT_MIN, INT_MIN, 8}));
+    EXPECT_EQ(table, (Ints{INT_MAX, INT_MIN, INT_MIN, 8}));
     table.assign(3000, -9);
     plain.assign(3000, 0x01010101);
     plain.back() = -9; // the file has but a part of it
@@ -115,7 +109,7 @@ TEST(File, TablesReadAsScanfDoesAndKeepWhatTheFileDoesNotGive) {
     for (std::size_t i = 0; i < names.size(); ++i)
         EXPECT_EQ(fatalMessage([&] { readTable(names[i].c_str(), table.data(), 1); }),
                   (i < 3 ? "Cannot open file " + names[i] : "Error in reading " + names[i] + rule) +
-                      " (line N of ../../../../c/lib/utility/utility)");
+                      inUtility);
 }
 
 TEST(File, NamesSizesAndListings) {

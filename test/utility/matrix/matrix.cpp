@@ -1,11 +1,6 @@
+#include "support/utilityTest.hpp"
+
 #include "audio/audio.hpp"
-#include "utility/utility.hpp"
-
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <climits>
 
 namespace {
 

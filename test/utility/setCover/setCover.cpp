@@ -1,11 +1,5 @@
-#include "utility/utility.hpp"
+#include "support/utilityTest.hpp"
 
-#include "support/vectors.hpp"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 #include <set>
 
 namespace {

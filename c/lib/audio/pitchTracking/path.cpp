@@ -91,8 +91,8 @@ public:
     }
 
     /// The penalty of a distance; those of the distances around it lie around it.
-    const double* at(double distance) const {
-        return penalty.data() + static_cast<std::ptrdiff_t>(reach) + static_cast<std::ptrdiff_t>(distance);
+    const double* at(std::ptrdiff_t distance) const {
+        return penalty.data() + static_cast<std::ptrdiff_t>(reach) + distance;
     }
 
 private:
@@ -140,6 +140,8 @@ private:
     void extend(STRUCT_A& frame) {
         best.resize(current.position.size());
         prevIndex.resize(current.position.size());
+        bestPrevTotal.resize(previous.length / prevBlock + 1);
+        const double* tabled = tabledPenalty();
         bestPredecessors({.prevTotal = previous.total.data(),
                           .prevPosition = previous.position.data(),
                           .prevLen = previous.length,
@@ -147,7 +149,10 @@ private:
                           .len = current.length,
                           .best = best.data(),
                           .prevIndex = prevIndex.data(),
-                          .signedPenalty = tabledPenalty(),
+                          .signedPenalty = tabled,
+                          .shift = tabled ? shift() : 0,
+                          .nearIsBetter = lowIsBetter ? signedWeight >= 0 : signedWeight <= 0,
+                          .bestPrevTotal = bestPrevTotal.data(),
                           .signedWeight = signedWeight,
                           .squared = ptParam.dpPosDiffOrder != 1,
                           .lowIsBetter = lowIsBetter});
@@ -164,7 +169,11 @@ private:
     const double* tabledPenalty() {
         if (!isRunOfLags(current) || !isRunOfLags(previous)) return nullptr;
         if (!table) table.emplace(ptParam, signedWeight);
-        return table->at(current.position[0] - previous.position[0]);
+        return table->at(shift());
+    }
+
+    std::ptrdiff_t shift() const {
+        return static_cast<std::ptrdiff_t>(current.position[0] - previous.position[0]);
     }
 
     bool isRunOfLags(const Column& column) const {
@@ -182,6 +191,7 @@ private:
     Column current;
     std::vector<float> best;
     std::vector<int> prevIndex;
+    std::vector<double> bestPrevTotal;
 };
 
 /// The last frame's best candidate; -1 if there is none.

@@ -22,6 +22,10 @@ struct PathStep {
     /// Where both frames' positions are runs of consecutive integers: the signed penalties by distance, such
     /// that signedPenalty[j - k] is that of candidate j and predecessor k. Null otherwise.
     const double* signedPenalty;
+    /// Then, too: position[0] - prevPosition[0], and whether no value gets better with a greater distance.
+    std::ptrdiff_t shift;
+    bool nearIsBetter;
+    double* bestPrevTotal; ///< room for a value for each prevBlock predecessors
 
     float signedWeight; ///< the weight of a distance, negated where a high value is better
     bool squared;       ///< the distance is the squared difference of positions, else the absolute one
@@ -29,6 +33,7 @@ struct PathStep {
 };
 
 constexpr std::size_t pathStepBlock = 64;
+constexpr std::size_t prevBlock = 4;
 
 void pathStepPortable(const PathStep& step);
 #if defined(__x86_64__)

@@ -1,10 +1,11 @@
 // The text of the path search's step, for vectors of any width (utility/vector/kernel/lanes.hpp): several
 // current candidates side by side, each in a lane of its own, and the predecessors one after the other.
 //
-// Each lane does what a plain loop does, in its order, so every width gives the same bits.
+// Each lane does what a plain loop does, in its order, so every width gives the same bits. Predecessors that
+// cannot win (pathPromise.hpp) are left out.
 #pragma once
 
-#include "audio/pitchTracking/kernel/pathKernel.hpp"
+#include "audio/pitchTracking/kernel/pathPromise.hpp"
 #include "utility/vector/kernel/lanes.hpp"
 
 namespace {
@@ -50,8 +51,9 @@ struct ComputedPenalty {
 };
 
 /// The best predecessors of the block of candidates that starts at j.
-template <std::size_t bytes, bool lowIsBetter, typename Penalty>
-[[gnu::always_inline]] inline void bestOfBlock(const PathStep& step, const Penalty& penalty, std::size_t j) {
+template <std::size_t bytes, bool lowIsBetter, typename Penalty, typename Hopeless>
+[[gnu::always_inline]] inline void bestOfBlock(const PathStep& step, const Penalty& penalty, std::size_t j,
+                                               const Hopeless& isHopeless) {
     using Floats = Lanes<float, bytes>;
     using Ints = Lanes<int, bytes>;
     constexpr std::size_t half = bytes / sizeof(double);
@@ -65,31 +67,48 @@ template <std::size_t bytes, bool lowIsBetter, typename Penalty>
     Floats best[groups];
     Ints prevIndex[groups] = {};
     for (std::size_t group = 0; group < groups; ++group) best[group] = value(0, group);
-    Ints index = {};
-    for (std::size_t k = 1; k < step.prevLen; ++k) {
-        index += 1;
+    for (std::size_t first = 0; first < step.prevLen; first += prevBlock) {
+        if (first > 0 && isHopeless(first)) continue;
+        const std::size_t behind = first + prevBlock < step.prevLen ? first + prevBlock : step.prevLen;
+        Ints index = Ints{} + static_cast<int>(first);
+        for (std::size_t k = first; k < behind; ++k) {
 #pragma GCC unroll 4
-        for (std::size_t group = 0; group < groups; ++group) {
-            const Floats here = value(k, group);
-            const Ints better = lowIsBetter ? here < best[group] : here > best[group];
-            best[group] = better ? here : best[group];
-            prevIndex[group] = better ? index : prevIndex[group];
+            for (std::size_t group = 0; group < groups; ++group) {
+                const Floats here = value(k, group);
+                const Ints better = lowIsBetter ? here < best[group] : here > best[group];
+                best[group] = better ? here : best[group];
+                prevIndex[group] = better ? index : prevIndex[group];
+            }
+            index += 1;
         }
     }
     __builtin_memcpy(step.best + j, best, sizeof best);
     __builtin_memcpy(step.prevIndex + j, prevIndex, sizeof prevIndex);
 }
 
-template <std::size_t bytes, typename Penalty>
+template <std::size_t bytes, bool lowIsBetter, typename Penalty>
 void bestOfAll(const PathStep& step, const Penalty& penalty) {
     constexpr std::size_t block = Penalty::groups * bytes / sizeof(float);
     static_assert(pathStepBlock % block == 0);
-    for (std::size_t j = 0; j < step.len; j += block) {
-        if (step.lowIsBetter)
-            bestOfBlock<bytes, true>(step, penalty, j);
-        else
-            bestOfBlock<bytes, false>(step, penalty, j);
+    if (step.signedPenalty && step.nearIsBetter) {
+        Promise<lowIsBetter> promise(step);
+        for (std::size_t j = 0; j < step.len; j += block) {
+            promise.lookAt(j, j + block < step.len ? j + block : step.len);
+            bestOfBlock<bytes, lowIsBetter>(step, penalty, j,
+                                            [&](std::size_t k) { return promise.isHopeless(k); });
+        }
+    } else {
+        for (std::size_t j = 0; j < step.len; j += block)
+            bestOfBlock<bytes, lowIsBetter>(step, penalty, j, [](std::size_t) { return false; });
     }
+}
+
+template <std::size_t bytes, typename Penalty>
+void bestOfAll(const PathStep& step, const Penalty& penalty) {
+    if (step.lowIsBetter)
+        bestOfAll<bytes, true>(step, penalty);
+    else
+        bestOfAll<bytes, false>(step, penalty);
 }
 
 template <std::size_t bytes>
