@@ -21,7 +21,7 @@ TEST(Framing, BufferHasEachSampleInItsPlaceAndZerosElsewhere) {
     Ints wave(30);
     std::iota(wave.begin(), wave.end(), 1);
     for (int waveLen = 0; waveLen <= 30; ++waveLen)
-        for (int frameSize = 0; frameSize < 9; ++frameSize)
+        for (int frameSize = -2; frameSize < 9; ++frameSize)
             for (int overlap = -3; overlap <= frameSize; ++overlap) {
                 const int step = frameSize - overlap;
                 const int frameNum = cAudio::getFrameNum(waveLen, frameSize, overlap);
