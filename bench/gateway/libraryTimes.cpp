@@ -1,5 +1,6 @@
-// libraryTimes: how long the library itself takes for a minute of speech at 16 kHz: a line "NAME MILLISECONDS"
-// for each operation, the median of its calls. border.m asks for it and times the same calls from the host.
+// libraryTimes: how long the library itself takes for a minute of speech at 16 kHz: a line "NAME
+// MILLISECONDS" for each operation, the median of its calls. border.m asks for it and times the same calls
+// from the host.
 #include "audio/audio.hpp"
 
 #include "support/speech.hpp"

@@ -269,7 +269,7 @@ std::vector<int> Argument::samples(int nbits) const {
         if constexpr (std::is_floating_point_v<T>) {
             const std::span<const T> recording(sample, count);
             if (!allWithin(recording, T{1})) refuseSamples();
-            roundSamples(recording, 1 << (nbits - 1), result.data());
+            roundSamples(recording, static_cast<int>(std::ldexp(1.0, nbits - 1)), result.data());
         } else {
             const double offset = std::is_signed_v<T> ? 0 : 128;
             const double scale = std::exp2(nbits - bits());
