@@ -1,4 +1,5 @@
 # The Octave package and the module behind it in the real host.
+find_library(SNDFILE sndfile REQUIRED)
 add_executable(libraryReference package/reference.cpp)
 target_include_directories(libraryReference PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(libraryReference PRIVATE

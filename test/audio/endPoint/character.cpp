@@ -10,7 +10,7 @@ Piece touching(int first, int last, double amplitude = 1.0) {
 TEST(Characters, CoresWidenAndMerge) {
     const char* warning = "Warning: some characters are not recorded due to limited length!\n";
     const Piece hum = {0, 170 * 81, 0.056}; // 25 dB below the rest
-    const std::tuple<Text, Pieces, int, int, Reals, std::string> cases[] = {
+    const std::tuple<Text, Pieces, int, int, Doubles, std::string> cases[] = {
         {"11 frames, not 10", {touching(10, 20), touching(40, 49)}, 16000, 5, {10, 20}, ""},
         {"silence parts them", {touching(10, 30), touching(32, 50)}, 16000, 5, {10, 30, 32, 50}, ""},
         {"one stretch", {hum, touching(9, 22), touching(26, 40), touching(45, 60)}, 16000, 5, {0, 79}, ""},
@@ -20,9 +20,8 @@ TEST(Characters, CoresWidenAndMerge) {
         {"not a number", {touching(10, 30), {5000, 5001, notANumber}}, 16000, 5, {}, ""},
     };
     for (const auto& [what, pieces, fs, slots, frames, text] : cases) {
-        Reals wave = made<double>(170 * 81, pieces);
-        Reals start(static_cast<std::size_t>(slots), 7.0);
-        Reals end = start;
+        Doubles wave = made<double>(170 * 81, pieces);
+        Doubles start(size_t(slots), 7.0), end(start);
         const ConsoleCapture console;
         const int count =
             cAudio::charEndPointDetect(wave.data(), lengthOf(wave), fs, start.data(), end.data(), slots);
@@ -33,19 +32,18 @@ TEST(Characters, CoresWidenAndMerge) {
             EXPECT_EQ(start[i], used ? 170 * frames[2 * i] : -1) << what;
             EXPECT_EQ(end[i], used ? 170 * frames[2 * i + 1] + 255 : -1) << what;
         }
-        int first = 7;
-        int last = 7;
+        int first = 7, last = 7;
         cAudio::sentenceEndPointDetect(wave.data(), lengthOf(wave), fs, &first, &last);
         if (!text.empty()) continue;
         EXPECT_EQ(first, frames.empty() ? -1 : 170 * frames.front()) << what;
         EXPECT_EQ(last, frames.empty() ? -1 : 170 * frames.back() + 255) << what;
     }
-    Reals wave{3, 5, 4, 4};
+    Doubles wave{3, 5, 4, 4};
     cAudio::charEndPointDetect(wave.data(), 4, 8000, nullptr, nullptr, INT_MIN);
-    EXPECT_EQ(wave, (Reals{-1, 1, 0, 0}));
-    Reals list{-1, 4, -1, -1, 2, 9};
+    EXPECT_EQ(wave, (Doubles{-1, 1, 0, 0}));
+    Doubles list{-1, 4, -1, -1, 2, 9};
     packCharIndex(list.data(), 5);
-    EXPECT_EQ(list, (Reals{4, 2, -1, -1, -1, 9}));
+    EXPECT_EQ(list, (Doubles{4, 2, -1, -1, -1, 9}));
 }
 
 } // namespace

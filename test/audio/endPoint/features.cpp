@@ -9,9 +9,9 @@ TEST(Volume, OfOneFrame) {
                                                 {{INT_MIN, INT_MAX}, 1, INT_MAX},
                                                 {{1, 2}, 2, 1},
                                                 {{46340, 0, 0, -46340}, 2, INT_MAX},
+                                                {{32767, -1, -1, 0}, 2, 805289985},
                                                 {{0, 10, 0, 10}, 3, 4},
-                                                {{0, 0}, 3, INT_MIN},
-                                                {{32767, -1, -1, 0}, 2, 805289985}};
+                                                {{0, 0}, 3, INT_MIN}};
     for (const auto& [frame, method, expected] : cases) {
         double volume = -1;
         wave2volume(frame.data(), lengthOf(frame), lengthOf(frame), 0, &volume, method);
@@ -24,19 +24,16 @@ TEST(Volume, OfOneFrame) {
 
 TEST(FrameFeatures, EachFrameHasItsOwnAndNoMoreAreWritten) {
     const Ints wave{5, -5, 5, -5, 0, -5, 3, 9, -1, 4};
-    const std::tuple<int, int, Ints, Ints> cases[] = {
-        {4, 0, {3, 1}, {30, 19}},  {4, 2, {3, 1, 1, 2}, {30, 20, 19, 21}},
-        {3, -1, {2, 1}, {20, 13}}, {1, INT_MIN, {0}, {0}},
-        {0, -2, {}, {}},           {4, 4, {}, {}},
-        {INT_MAX, 1, {}, {}}};
+    const std::tuple<int, int, Ints, Ints> cases[] = {{4, 2, {3, 1, 1, 2, 77}, {30, 20, 19, 21, 77}},
+                                                      {3, -1, {2, 1, 77}, {20, 13, 77}},
+                                                      {1, INT_MIN, {0, 77}, {0, 77}},
+                                                      {0, -2, {77}, {77}},
+                                                      {INT_MAX, 1, {77}, {77}}};
     for (const auto& [frameSize, overlap, zcr, ashod] : cases) {
-        Ints counts(zcr.size() + 1, 77);
-        Ints sums(zcr.size() + 1, 77);
+        Ints counts(zcr.size(), 77), sums(counts);
         cAudio::wave2zcr(wave.data(), 10, frameSize, overlap, counts.data());
-        cAudio::wave2ashod(wave.data(), 10, frameSize, overlap, sums.data(), zcr.empty() ? 9 : 1);
-        EXPECT_EQ(counts.back() + sums.back(), 154);
-        EXPECT_EQ(Ints(counts.begin(), counts.end() - 1), zcr) << frameSize << ' ' << overlap;
-        EXPECT_EQ(Ints(sums.begin(), sums.end() - 1), ashod) << frameSize << ' ' << overlap;
+        cAudio::wave2ashod(wave.data(), 10, frameSize, overlap, sums.data(), zcr.size() == 1 ? 9 : 1);
+        EXPECT_EQ(std::pair(counts, sums), std::pair(zcr, ashod)) << frameSize << ' ' << overlap;
     }
 }
 
@@ -57,12 +54,10 @@ TEST(Ashod, SampleTypesOrdersAndSaturation) {
 
 TEST(LocalAverage, EachTermIsRoundedByItself) {
     const std::pair<Ints, Ints> cases[] = {
-        {{4, 8, 4}, {4, 6, 4}},
-        {{1, 2}, {1, 2}},
+        {{}, {}},
         {{2, 1, -2, 3, -5}, {2, 1, 0, 0, -5}},
         {{INT_MAX, INT_MAX, INT_MAX, 0}, {INT_MAX, INT_MAX, 1610612736, 0}}};
-    for (const auto& [before, smooth] : cases) {
-        Ints x = before;
+    for (auto [x, smooth] : cases) {
         cAudio::localAverage(x.data(), lengthOf(x));
         EXPECT_EQ(x, smooth);
     }

@@ -25,14 +25,14 @@ TEST(Handset, VoicedSpanWithoutBlips) {
     };
     for (auto [what, pieces, start, end] : cases) {
         pieces.insert(pieces.begin(), hiss);
-        Reals wave = made<double>(waveLen, pieces);
+        Doubles wave = made<double>(waveLen, pieces);
         double endPoint[] = {2, 50};
         cAudio::endPointDetect4quokka(wave.data(), waveLen, 8000, 16, endPoint);
         EXPECT_EQ(endPoint[0], std::max(0.0, hop * start - 384)) << what;
         EXPECT_EQ(endPoint[1], std::min(waveLen - 1.0, hop * end + 640)) << what;
         EXPECT_EQ(wave[hop * 50 + 1], -327.68) << "rescaled";
     }
-    Reals wave = made<double>(waveLen, {hiss, voice});
+    Doubles wave = made<double>(waveLen, {hiss, voice});
     for (const int fs : {INT_MIN, 0, INT_MAX})
         for (const int length : {INT_MIN, 255, 256, waveLen}) {
             double endPoint[] = {notANumber, 1 / 0.0};

@@ -5,8 +5,6 @@
 #include "utility/vector/kernel/intMedian.hpp"
 #include "utility/vector/kernel/intMedianText.hpp"
 
-#include <random>
-
 namespace {
 
 using Wide = std::vector<std::int64_t>;
@@ -27,17 +25,13 @@ int plainCrossings(const Sample* x, std::size_t n) {
     return count;
 }
 
-/// The kernels in every width of their text (512 bits too, whatever the processor), then as they run here.
-std::vector<std::pair<FrameKernel, IntMedian>> versions() {
-    std::vector<std::pair<FrameKernel, IntMedian>> all{{kernelOfWidth<16>(), medianOfInts<16>},
-                                                       {kernelOfWidth<32>(), medianOfInts<32>},
-                                                       {kernelOfWidth<64>(), medianOfInts<64>}};
-    for (const auto set : {InstructionSet::portable, InstructionSet::avx2, InstructionSet::avx512})
-        if (set <= widestInstructionSet()) all.emplace_back(frameKernel(set), intMedian(set));
-    return all;
-}
-
 TEST(FrameKernel, EveryVersionEqualsThePlainLoops) {
+    // In every width of their text (512 bits too, whatever the processor), then as they run here.
+    std::vector<std::pair<FrameKernel, IntMedian>> versions{{kernelOfWidth<16>(), medianOfInts<16>},
+                                                            {kernelOfWidth<32>(), medianOfInts<32>},
+                                                            {kernelOfWidth<64>(), medianOfInts<64>}};
+    for (const auto set : {InstructionSet::portable, InstructionSet::avx2, InstructionSet::avx512})
+        if (set <= widestInstructionSet()) versions.emplace_back(frameKernel(set), intMedian(set));
     std::mt19937 random(4); // NOLINT(cert-msc51-cpp)
     // Samples from 2^26 on have differences that leave 32 bits.
     for (const int most : {0, 1, 128, 32767, (1 << 26) - 1, 1 << 27, INT_MAX})
@@ -46,14 +40,14 @@ TEST(FrameKernel, EveryVersionEqualsThePlainLoops) {
             std::uniform_int_distribution<int> any(-most - 1, most);
             Ints wave(n + 3);
             for (int& x : wave) x = random() % 3 ? any(random) : random() % 2 ? most : -most - 1;
-            Reals reals(wave.begin(), wave.end());
+            Doubles reals(wave.begin(), wave.end());
             for (double& x : reals) x = random() % 9 ? x : notANumber;
             const int* x = wave.data() + random() % 3;
             Wide sorted(x, x + n);
             std::int64_t deviation = 0;
             for (const auto value : sorted) deviation += std::abs(value - x[0]);
             std::sort(sorted.begin(), sorted.end());
-            for (const auto& [kernel, median] : versions()) {
+            for (const auto& [kernel, median] : versions) {
                 EXPECT_EQ(kernel.deviation(x, n, x[0]), deviation) << n << " samples up to " << most;
                 EXPECT_EQ(kernel.crossings(x, n), plainCrossings(x, n)) << n << ' ' << most;
                 EXPECT_EQ(kernel.crossingsOfDoubles(&reals[1], n), plainCrossings(&reals[1], n)) << n;

@@ -1,22 +1,9 @@
 // What the tests of end points share: waveforms made of square waves, whose volumes are known.
 #pragma once
 
-#include "audio/audio.hpp"
+#include "support/audio.hpp"
 
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <climits>
-#include <limits>
-#include <tuple>
-#include <vector>
-
-using Ints = std::vector<int>;
-using Reals = std::vector<double>;
 using Text = const char*;
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// Samples from begin up to end: amplitude and its negative by turns, each for half a period.
 struct Piece {
@@ -35,9 +22,4 @@ std::vector<Sample> made(int waveLen, const Pieces& pieces) {
             wave.at(static_cast<std::size_t>(i)) =
                 static_cast<Sample>((i - begin) % period < period / 2 ? amplitude : -amplitude);
     return wave;
-}
-
-template <typename Container>
-int lengthOf(const Container& container) {
-    return static_cast<int>(container.size());
 }

@@ -32,15 +32,13 @@ TEST(VolumeCheck, ParameterFiles) {
         cAudio::volCheckPrmRead(file, &prm);
         cAudio::volCheckPrmPrint(&prm);
     }
-    std::string lines;
-    for (const char* field :
-         {"maxVolTh=150", "minVolTh=8.5", "satAmpRatio=3", "satSampleCountRatioTh=4", "maxVolTh=140",
-          "minVolTh=30", "satAmpRatio=0.95", "satSampleCountRatioTh=0.005"})
-        lines += std::string("volCheckPrm->") + field + " (line N, file=../../../../c/lib/audio/audio)\n";
-    EXPECT_EQ(withoutLineNumber(testing::internal::GetCapturedStdout()), lines);
+    EXPECT_EQ(onOneLine(testing::internal::GetCapturedStdout(), "volCheckPrm->"),
+              "volCheckPrm->maxVolTh=150 minVolTh=8.5 satAmpRatio=3 satSampleCountRatioTh=4 maxVolTh=140 "
+              "minVolTh=30 "
+              "satAmpRatio=0.95 satSampleCountRatioTh=0.005 "
+              "(line N, file=../../../../c/lib/audio/audio)\n");
 
-    const Ints wave =
-        made<int>(1600, {{0, 800, 145}}); // the file's level, the defaults of what it leaves out
+    const Ints wave = made<int>(1600, {{0, 800, 145}}); // the file's level, else defaults
     EXPECT_EQ(cAudio::waveVolumeCheck(wave.data(), 1600, "check.txt"), 1);
     std::ofstream("check.txt") << "satAmpRatio=0.5\nMaxVolTh=3\nminVolTh=1\n";
     EXPECT_EQ(fatalMessage([&] { cAudio::volCheckPrmRead("check.txt", &prm); }),

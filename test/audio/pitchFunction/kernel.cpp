@@ -2,15 +2,9 @@
 #include "audio/pitchFunction/kernel/kernel.hpp"
 
 #include "audio/pitchFunction/plain.hpp"
+#include "support/audio.hpp"
 
-#include <gtest/gtest.h>
-
-#include <bit>
-#include <cmath>
 #include <cstring>
-#include <limits>
-#include <new>
-#include <random>
 
 namespace pitchFunctionKernel {
 extern const Version eightLanes;
@@ -25,21 +19,11 @@ int below(int end) {
 }
 
 /// Doubles by kind: ordinary ones, and mixtures with zeros, denormals, huge values, infinities and NaN.
-std::vector<double> samples(size_t size, int kind, double /*instance*/) {
-    using Limits = std::numeric_limits<double>;
-    const double special[] = {0.0,
-                              -0.0,
-                              Limits::denorm_min(),
-                              -3 * Limits::denorm_min(),
-                              1e308,
-                              -1e308,
-                              1e-3,
-                              -7.5,
-                              Limits::infinity(),
-                              -Limits::infinity(),
-                              Limits::quiet_NaN()};
+Doubles samples(size_t size, int kind, double /*instance*/) {
+    const double special[] = {0.0,  -0.0, 5e-324,   -15e-324,  1e308,     -1e308,
+                              1e-3, -7.5, HUGE_VAL, -HUGE_VAL, notANumber};
     const int kinds[] = {0, 6, 11, 11}; // how many of them occur
-    std::vector<double> x(size);
+    Doubles x(size);
     for (double& value : x) {
         value = std::ldexp(static_cast<double>(randomBits()) - 2147483648.0, -40 + below(12));
         if (kinds[kind] > 0 && below(kind == 3 ? 40 : 3) == 0) value = special[below(kinds[kind])];
@@ -49,84 +33,82 @@ std::vector<double> samples(size_t size, int kind, double /*instance*/) {
 
 /// Ints by kind: of 8 bits, near the limits of what 32-bit sums take, of 16 bits, any; with runs of the ends
 /// of the range, whose sums and differences are the largest.
-std::vector<int> samples(size_t size, int kind, int /*instance*/) {
+Ints samples(size_t size, int kind, int /*instance*/) {
     const int bits[] = {8, 11 + below(5), 16, 32};
-    std::vector<int> x(size);
+    Ints x(size);
     for (int& value : x) value = static_cast<int>(randomBits()) >> (32 - bits[kind]);
     const int highest = static_cast<int>((1U << (bits[kind] - 1)) - 1);
     for (size_t part = 0, parts = randomBits() % 5; part < parts; ++part)
-        std::fill(x.begin() + below(static_cast<int>(size)), x.end(), part % 2 ? highest : -highest - 1);
+        std::fill(x.begin() + below(lengthOf(x)), x.end(), part % 2 ? highest : -highest - 1);
     return x;
 }
 
-std::uint64_t bitsOf(double x) {
-    return x == x ? std::bit_cast<std::uint64_t>(x) : 1; // not-a-number is one value
-}
-
 struct Shape {
-    int frames, n, step, pfLen, method;
-    PF_TYPE type;
+    int frames, n, step, pfLen, type, method;
 };
 
-/// What wave2pfMat does with a version that instructionSet() never chooses.
+/// What wave2pfMat does with a version that instructionSet() never chooses; but for the lags without terms.
 template <typename T>
 void byEightLanes(const std::vector<T>& wave, const Shape& s, double* pf) {
     using namespace pitchFunctionKernel;
     Task task = taskOf(s.n, s.pfLen, s.type == PF_ACF, s.method);
     task.flip = s.method > 2;
     task.removeMean = s.type == PF_ACF;
-    std::vector<int> start;
-    for (int i = 0; i < s.frames; ++i) start.push_back(i * s.step);
-    void* work = ::operator new (eightLanes.workSize(task), std::align_val_t{64});
+    Ints start(size_t(s.frames));
+    cAudio::buffer2(lengthOf(wave), s.n, s.n - s.step, start.data());
+    struct alignas(64) Line {
+        char bytes[64];
+    };
+    std::vector<Line> work(eightLanes.workSize(task) / 64 + 1);
     if constexpr (std::is_same_v<T, int>)
-        eightLanes.ofInts(task, wave.data(), start.data(), start.size(), work, pf);
+        eightLanes.ofInts(task, wave.data(), start.data(), start.size(), work.data(), pf);
     else
-        eightLanes.ofDoubles(task, wave.data(), start.data(), start.size(), work, pf);
-    ::operator delete (work, std::align_val_t{64});
+        eightLanes.ofDoubles(task, wave.data(), start.data(), start.size(), work.data(), pf);
+    for (int i = 0; i < s.frames * s.pfLen; ++i)
+        if (const int lag = i % s.pfLen; lag >= s.n) pf[i] = s.method == 2 ? 0.0 / (s.n - lag) : 0.0;
 }
 
 template <typename T>
-void compare(const char* version, const Shape& s, int kind) {
+void compare(bool eightLanes, const Shape& s, int kind) {
     const auto wave = samples(static_cast<size_t>((s.frames - 1) * s.step + s.n), kind, T{});
-    std::vector<double> expected(static_cast<size_t>(s.frames * s.pfLen) + 1, 4711.0);
-    std::vector<double> found = expected;
-    plainMat(wave, s.frames, s.n, s.step, s.pfLen, s.type, s.method, expected.data());
-    if (*version) {
-        const auto before = wave;
-        ::setenv("WAVEPITCH_KERNEL", version, 1);
-        wave2pfMat(wave.data(), static_cast<int>(wave.size()), s.n, s.n - s.step, s.pfLen, s.type, s.method,
-                   found.data());
-        ::unsetenv("WAVEPITCH_KERNEL");
-        ASSERT_EQ(std::memcmp(wave.data(), before.data(), wave.size() * sizeof(T)), 0);
-    } else {
+    Doubles expected(static_cast<size_t>(s.frames * s.pfLen) + 1, 4711.0);
+    Doubles found = expected;
+    plainMat(wave, s.frames, s.n, s.step, s.pfLen, PF_TYPE{s.type}, s.method, expected.data());
+    const auto before = wave;
+    if (eightLanes)
         byEightLanes(wave, s, found.data());
-    }
-    for (size_t i = 0; i < found.size(); ++i) {
-        const bool left = !*version && i % static_cast<size_t>(s.pfLen) >= static_cast<size_t>(s.n);
-        ASSERT_TRUE(left || bitsOf(found[i]) == bitsOf(expected[i]))
-            << version << (sizeof(T) == 4 ? " int" : " double") << " frames=" << s.frames << " n=" << s.n
-            << " step=" << s.step << " pfLen=" << s.pfLen << " type=" << s.type << " method=" << s.method
-            << " kind=" << kind << " at " << i << ": " << found[i] << ", not " << expected[i];
-    }
+    else
+        wave2pfMat(wave.data(), lengthOf(wave), s.n, s.n - s.step, s.pfLen, PF_TYPE{s.type}, s.method,
+                   found.data());
+    ASSERT_EQ(std::memcmp(wave.data(), before.data(), wave.size() * sizeof(T)), 0);
+    const auto [at, wanted] = std::mismatch(found.begin(), found.end(), expected.begin(), isSame);
+    ASSERT_TRUE(at == found.end()) << sizeof(T) << "-byte samples, frames=" << s.frames << " n=" << s.n
+                                   << " step=" << s.step << " pfLen=" << s.pfLen << " type=" << s.type
+                                   << " method=" << s.method << " kind=" << kind << " at "
+                                   << at - found.begin() << ": " << *at << ", not " << *wanted;
 }
 
 /// Frame sizes, lags and frame counts around every block size, and large frames at the limits of 32-bit sums;
-/// steps from 1 to beyond the frame; type, method and kind of samples by chance. The version with an empty
-/// name is the one of eight lanes lowered to AVX2.
+/// steps from 1 to beyond the frame; type, method and kind of samples by chance.
+void compareAll(bool eightLanes) {
+    for (const int n : {1, 2, 3, 7, 8, 9, 15, 17, 31, 33, 63, 64, 65, 66, 82, 130, 520, 2100})
+        for (const int pfLen : {1, 7, 8, 9, 15, 16, 17, 31, 32, 33, 63, 64, 65, 66, 130})
+            for (const int frames : {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 34}) {
+                if (n > 130 && (frames < 15 || pfLen % 2)) continue;
+                const Shape s{frames, n, 1 + below(n + 3), pfLen, below(2), 1 + below(4)};
+                ASSERT_NO_FATAL_FAILURE(compare<double>(eightLanes, s, below(4)));
+                ASSERT_NO_FATAL_FAILURE(compare<int>(eightLanes, s, below(4)));
+            }
+}
+
 TEST(PitchFunctionKernel, EveryVersionEqualsThePlainLoops) {
-    std::vector<const char*> versions{"portable", "avx2", "avx512"};
+    withEveryKernel([](const char* version) {
+        SCOPED_TRACE(version);
+        compareAll(false);
+    });
 #if defined(__x86_64__)
-    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) versions.push_back("");
+    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) compareAll(true);
 #endif
-    for (const char* version : versions)
-        for (const int n : {1, 2, 3, 7, 8, 9, 15, 17, 31, 33, 63, 64, 65, 66, 82, 130, 520, 2100})
-            for (const int pfLen : {1, 7, 8, 9, 15, 16, 17, 31, 32, 33, 63, 64, 65, 66, 130})
-                for (const int frames : {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 34}) {
-                    if (n > 130 && (frames < 15 || pfLen % 2)) continue;
-                    const Shape s{frames, n, 1 + below(n + 3), pfLen, 1 + below(4), PF_TYPE{below(2)}};
-                    ASSERT_NO_FATAL_FAILURE(compare<double>(version, s, below(4)));
-                    ASSERT_NO_FATAL_FAILURE(compare<int>(version, s, below(4)));
-                }
 }
 
 } // namespace

@@ -1,40 +1,33 @@
-#include "audio/audio.hpp"
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
+#include "support/audio.hpp"
 
 namespace {
 
 using Recording = std::vector<short>;
 
-std::vector<int> bGetPitch(const Recording& wave, int fs, int nbits) {
+Ints bGetPitch(const Recording& wave, int fs, int nbits) {
     int* out = nullptr;
     int outLen = -1;
     EXPECT_TRUE(cAudio::bGetPitch(wave, out, outLen, fs, nbits));
-    std::vector<int> result(out, out + outLen);
+    Ints result(out, out + outLen);
     std::free(out);
     return result;
 }
 
 TEST(Recordings, PitchInTenths) {
-    const std::string rate = "fs=44100 ===> Resample to have fs=8000\n";
-    const std::string depth = "nbits=16 ===> Convert from nbits=16 to 8!\n";
-    const std::tuple<int, int, double, std::string> cases[] = {
-        {8000, 16, 20000, depth}, {44100, 16, 20000, rate + depth}, {44100, 8, 90, rate}, {8000, 8, 90, ""}};
-    for (const auto& [fs, nbits, amplitude, printed] : cases) {
-        Recording wave(static_cast<size_t>(2 * fs)); // a second of a tone in the middle
-        for (int i = fs / 2; i < fs * 3 / 2; ++i)
-            wave[static_cast<size_t>(i)] =
-                static_cast<short>(amplitude * std::sin(6.283185307 * 200 * i / fs));
-        const ConsoleCapture console;
-        const std::vector<int> pitch = bGetPitch(wave, fs, nbits);
-        EXPECT_NEAR(static_cast<double>(pitch.size()), 31.0, 2.0) << fs << ' ' << nbits;
-        EXPECT_EQ(pitch, std::vector<int>(pitch.size(), 550)) << fs << ' ' << nbits;
-        EXPECT_EQ(console.text(), printed);
-    }
+    for (const int fs : {8000, 44100})
+        for (const int nbits : {8, 16}) {
+            Recording wave(size_t(2 * fs)); // a second of a tone in the middle
+            for (int i = fs / 2; i < fs * 3 / 2; ++i)
+                wave[size_t(i)] =
+                    static_cast<short>((nbits == 16 ? 20000 : 90) * std::sin(6.283185307 * 200 * i / fs));
+            const ConsoleCapture console;
+            const Ints pitch = bGetPitch(wave, fs, nbits);
+            EXPECT_NEAR(double(pitch.size()), 31.0, 2.0) << fs << ' ' << nbits;
+            EXPECT_EQ(pitch, Ints(pitch.size(), 550)) << fs << ' ' << nbits;
+            const std::string rate = fs == 8000 ? "" : "fs=44100 ===> Resample to have fs=8000\n";
+            EXPECT_EQ(console.text(),
+                      rate + (nbits == 8 ? "" : "nbits=16 ===> Convert from nbits=16 to 8!\n"));
+        }
     const ConsoleCapture console;
     for (const Recording& wave : {Recording(), Recording(100, 7), Recording(8000)})
         for (const int fs : {8000, 16000, 100, 0, INT_MIN})
@@ -43,17 +36,13 @@ TEST(Recordings, PitchInTenths) {
 
 TEST(Recordings, Silence) {
     const ConsoleCapture console;
-    const std::tuple<size_t, int, int, int, int, bool> cases[] = {
-        {512, 4, 8000, 16, 5, true}, // length, samples of 256; fs, nbits, volTh
-        {512, 5, 8000, 16, 5, false},
-        {640, 12, 16000, 16, 5, true}, // 3072 by 3200
-        {640, 13, 16000, 16, 5, false},
-        {0, 0, 0, INT_MIN, INT_MAX, false}};
-    for (const auto& [length, loud, fs, nbits, volTh, silent] : cases) {
-        Recording wave(length);
-        std::fill_n(wave.begin(), loud, short{256});
-        EXPECT_EQ(cAudio::isWaveSilence(wave, fs, nbits, volTh), silent) << fs << ' ' << volTh;
-    }
+    for (const auto& [length, fs, sample, least] : {std::tuple(512, 8000, 256, 5), {640, 16000, 255, 13}})
+        for (const int loud : {least - 1, least}) { // samples that are not 0
+            Recording wave(static_cast<size_t>(length));
+            std::fill_n(wave.begin(), loud, static_cast<short>(sample));
+            EXPECT_EQ(cAudio::isWaveSilence(wave, fs, 16, 5), loud < least) << fs << ' ' << loud;
+        }
+    EXPECT_FALSE(cAudio::isWaveSilence({}, 0, INT_MIN, INT_MAX));
 }
 
 } // namespace

