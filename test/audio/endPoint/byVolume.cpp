@@ -87,10 +87,12 @@ TEST(EpdByVol, OneFrameMoreOrLessAtEveryThreshold) {
 }
 
 TEST(EpdByVolHod, FindsHissThatHasNoVolume) {
-    auto wave = made<int>(128 * 100, {{128 * 10, 128 * 30, 1000, 64}, {128 * 50, 128 * 60, 50, 2}});
+    auto wave = made<int>(128 * 100, {{128 * 10, 128 * 30, 1000, 64}, {128 * 50, 128 * 60, 20, 2}});
     EPDPARAM param = defaults(8000);
     EXPECT_EQ(detect(cAudio::epdByVol, wave, 8000, param), (Ints{10, 29}));
     EXPECT_EQ(detect(cAudio::epdByVolHod, wave, 8000, param), (Ints{10, 29, 50, 59}));
+    param.diffOrder = 1; // the hiss is at half the rate: the fewer differences, the weaker
+    EXPECT_EQ(detect(cAudio::epdByVolHod, wave, 8000, param), (Ints{10, 29}));
     param.vhRatio = 1; // nothing but the largest values could be above
     EXPECT_EQ(detect(cAudio::epdByVolHod, wave, 8000, param), Ints{});
 }

@@ -46,7 +46,31 @@ TEST(Clarity, ComparesTheExtremumWithItsFunction) {
         EXPECT_NEAR(pf2pitchClarity(pf.data(), lengthOf(pf), p, &clarity), pitch, 1e-4)
             << testing::PrintToString(pf);
         EXPECT_NEAR(clarity, expected, 1e-7) << testing::PrintToString(pf);
+        int fixedPoint = -1;
+        const Ints whole(pf.begin(), pf.end());
+        EXPECT_NEAR(pf2pitchClarity(whole.data(), lengthOf(pf), p, &fixedPoint), pitch * 1024, 1.0);
+        EXPECT_EQ(fixedPoint, static_cast<int>(expected * 1024)) << testing::PrintToString(pf);
     }
+}
+
+TEST(Stages, UnknownTypesFixedPointAndDump) {
+    PTPARAM p = trackingDefaults(8000, PF_ACF);
+    PPC candidate{40, 5.0, -1, 0.0};
+    STRUCT_A frame{1, -1, &candidate};
+    double pitch = 0.0;
+    int whole = 0;
+    p.pfType = PF_TYPE{7};
+    const std::string unknown = "Unknown ptParam.pfType=7 (line N of file ../../../../c/lib/audio/audio)";
+    EXPECT_EQ(fatalMessage([&] { pf2ppc(&pitch, 1, p, &whole); }), unknown);
+    EXPECT_EQ(fatalMessage([&] { pf2pitchClarity(&pitch, 1, p, nullptr); }), unknown);
+    EXPECT_EQ(fatalMessage([&] { A2pitchByDp(&frame, 1, p, &pitch); }), unknown);
+    p.pfType = PF_ACF;
+    A2pitchByDp(&frame, 1, p, &pitch);
+    A2pitchByDp(&frame, 1, p, &whole);
+    EXPECT_EQ(whole, static_cast<int>(pitch * 1024));
+    const ConsoleCapture console;
+    cAudio::printA(&frame, 1);
+    EXPECT_EQ(console.text(), "A[0].ppcLen=1\n\tppc[0]: pfValue=5, totalDist=20\n");
 }
 
 TEST(PitchVector, MediansAndInterpolation) {
