@@ -29,13 +29,8 @@
 % See also: uvCut, wave2frames
 
 function varargout = absSpectrogram (varargin)
-  out = cell (1, outputCount (nargout, 3));
-  [out{:}] = wavepitchLibrary ("absSpectrogram", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawSpectrogram (out{:});
-  end
+  draw = @(in, out) drawSpectrogram (out{:});
+  varargout = resultOrPicture ("absSpectrogram", varargin, nargout, 3, draw);
 end
 
 %!test  # the transform of the frames

@@ -46,13 +46,8 @@
 % See also: wave2volume, wave2ashod, isWaveSilence
 
 function varargout = endPoints (varargin)
-  out = cell (1, outputCount (nargout, 4));
-  [out{:}] = wavepitchLibrary ("endPoints", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawEndPoints (varargin{1:2}, out{:});
-  end
+  draw = @(in, out) drawEndPoints (in{1:2}, out{:});
+  varargout = resultOrPicture ("endPoints", varargin, nargout, 4, draw);
 end
 
 %!shared fs, wave

@@ -18,13 +18,8 @@
 % See also: note2wave, pitch2wave
 
 function varargout = note2pv (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("note2pv", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawPitchVector (out{1}, varargin{3});
-  end
+  draw = @(in, out) drawPitchVector (out{1}, in{3});
+  varargout = resultOrPicture ("note2pv", varargin, nargout, 1, draw);
 end
 
 %!test

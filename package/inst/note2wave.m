@@ -18,13 +18,8 @@
 % See also: note2pv, pitch2wave
 
 function varargout = note2wave (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("note2wave", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawSound (out{1}, varargin{3});
-  end
+  draw = @(in, out) drawSound (out{1}, in{3});
+  varargout = resultOrPicture ("note2wave", varargin, nargout, 1, draw);
 end
 
 %!test

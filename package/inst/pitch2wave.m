@@ -20,13 +20,8 @@
 % See also: wave2pitch, note2wave, pitch2freq
 
 function varargout = pitch2wave (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("pitch2wave", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawSound (out{1}, varargin{3});
-  end
+  draw = @(in, out) drawSound (out{1}, in{3});
+  varargout = resultOrPicture ("pitch2wave", varargin, nargout, 1, draw);
 end
 
 %!test

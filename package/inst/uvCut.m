@@ -27,13 +27,8 @@
 % See also: absSpectrogram, endPoints
 
 function varargout = uvCut (varargin)
-  out = cell (1, outputCount (nargout, 2));
-  [out{:}] = wavepitchLibrary ("uvCut", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawUvCut (varargin{1:2}, out{2});
-  end
+  draw = @(in, out) drawUvCut (in{1:2}, out{2});
+  varargout = resultOrPicture ("uvCut", varargin, nargout, 2, draw);
 end
 
 %!test

@@ -30,13 +30,8 @@
 % See also: wave2volume, endPoints
 
 function varargout = wave2ashod (varargin)
-  out = cell (1, outputCount (nargout, 2));
-  [out{:}] = wavepitchLibrary ("wave2ashod", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawCurve (varargin{1:2}, out{[2 1]}, "ASHOD");
-  end
+  draw = @(in, out) drawCurve (in{1:2}, out{[2 1]}, "ASHOD");
+  varargout = resultOrPicture ("wave2ashod", varargin, nargout, 2, draw);
 end
 
 %!assert (wave2ashod (int16 ([0 1 3 6]), 8000, "frameSize", 4, "order", 1), 6)

@@ -24,13 +24,8 @@
 % See also: wave2pitch
 
 function varargout = wave2pfMat (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("wave2pfMat", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawPfMat (out{1});
-  end
+  draw = @(in, out) drawPfMat (out{1});
+  varargout = resultOrPicture ("wave2pfMat", varargin, nargout, 1, draw);
 end
 
 %!assert (wave2pfMat ([1 2 3 4], 4, 0, 3, "amdf", 1), [0; 3; 4])

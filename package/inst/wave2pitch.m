@@ -56,14 +56,13 @@
 % See also: ptParam, wave2pv, pitch2wave, endPoints
 
 function varargout = wave2pitch (varargin)
-  out = cell (1, outputCount (nargout, 5));
-  [out{:}] = wavepitchLibrary ("wave2pitch", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    unit = varargin(4:2:end)(strcmpi (varargin(3:2:end), "unit"));
-    drawPitch (varargin{1:2}, ! isempty (unit) && strcmpi (unit{end}, "Hz"), out{:});
-  end
+  draw = @(in, out) drawPitch (in{1:2}, isInHz (in), out{:});
+  varargout = resultOrPicture ("wave2pitch", varargin, nargout, 5, draw);
+end
+
+function inHz = isInHz (arguments)
+  unit = arguments(4:2:end)(strcmpi (arguments(3:2:end), "unit"));
+  inHz = ! isempty (unit) && strcmpi (unit{end}, "Hz");
 end
 
 %!shared fs, wave

@@ -25,13 +25,8 @@
 % See also: wave2pitch, isWaveSilence
 
 function varargout = wave2pv (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("wave2pv", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawPitchVector (out{1} / 10, 0.032);
-  end
+  draw = @(in, out) drawPitchVector (out{1} / 10, 0.032);
+  varargout = resultOrPicture ("wave2pv", varargin, nargout, 1, draw);
 end
 
 %!test

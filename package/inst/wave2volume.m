@@ -32,13 +32,8 @@
 % See also: wave2zcr, wave2ashod, endPoints
 
 function varargout = wave2volume (varargin)
-  out = cell (1, outputCount (nargout, 2));
-  [out{:}] = wavepitchLibrary ("wave2volume", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawCurve (varargin{1:2}, out{[2 1]}, "Volume");
-  end
+  draw = @(in, out) drawCurve (in{1:2}, out{[2 1]}, "Volume");
+  varargout = resultOrPicture ("wave2volume", varargin, nargout, 2, draw);
 end
 
 %!test

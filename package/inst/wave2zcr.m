@@ -29,13 +29,8 @@
 % See also: wave2volume, endPoints
 
 function varargout = wave2zcr (varargin)
-  out = cell (1, outputCount (nargout, 2));
-  [out{:}] = wavepitchLibrary ("wave2zcr", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawCurve (varargin{1:2}, out{[2 1]}, "Zero crossings");
-  end
+  draw = @(in, out) drawCurve (in{1:2}, out{[2 1]}, "Zero crossings");
+  varargout = resultOrPicture ("wave2zcr", varargin, nargout, 2, draw);
 end
 
 %!assert (wave2zcr (int16 ([1 -1 1 -1 1 1 1 1]), 8000, "frameSize", 4, "overlap", 0), [3, 0])

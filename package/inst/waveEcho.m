@@ -21,13 +21,8 @@
 % See also: waveFilter, waveResample
 
 function varargout = waveEcho (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("waveEcho", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawSound (out{1}, varargin{2});
-  end
+  draw = @(in, out) drawSound (out{1}, in{2});
+  varargout = resultOrPicture ("waveEcho", varargin, nargout, 1, draw);
 end
 
 %!assert (waveEcho ([1 0 0 0 0], 10, 0.2, 0.5), [1 0 0.5 0 0.25])

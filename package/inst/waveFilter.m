@@ -17,13 +17,8 @@
 % See also: filter, waveEcho
 
 function varargout = waveFilter (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("waveFilter", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawSound (out{1});
-  end
+  draw = @(in, out) drawSound (out{1});
+  varargout = resultOrPicture ("waveFilter", varargin, nargout, 1, draw);
 end
 
 %!test

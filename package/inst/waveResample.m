@@ -21,13 +21,8 @@
 % See also: waveFilter, waveEcho
 
 function varargout = waveResample (varargin)
-  out = cell (1, outputCount (nargout, 1));
-  [out{:}] = wavepitchLibrary ("waveResample", varargin{:});
-  if (nargout > 0)
-    varargout = out;
-  else
-    drawSound (out{1}, varargin{3});
-  end
+  draw = @(in, out) drawSound (out{1}, in{3});
+  varargout = resultOrPicture ("waveResample", varargin, nargout, 1, draw);
 end
 
 %!assert (waveResample (int16 ([0 10 20]), 1, 2), int16 ([0 5 10 15 20]))
