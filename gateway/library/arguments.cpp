@@ -260,8 +260,8 @@ void Argument::refuseSamples() const {
 }
 
 std::vector<int> Argument::samples(int nbits) const {
-    requireVector();
     requireSampleClass();
+    requireVector();
     const size_t count = rows() * columns();
     if (count == 0 || count > static_cast<size_t>(mostInt)) refuse(vectorRule);
     std::vector<int> result(count);
@@ -282,8 +282,8 @@ std::vector<int> Argument::samples(int nbits) const {
 
 Numbers Argument::unitSamples() const {
     if (isFloating()) return vector();
-    requireVector();
     requireSampleClass();
+    requireVector();
     std::vector<double> wave = finiteElements(vectorRule).copy();
     const double offset = isSigned() ? 0 : 128;
     const double scale = std::exp2(1 - bits());

@@ -57,9 +57,13 @@ EPDPARAM readEpdParam(const Options& options, int fs) {
 }
 
 Detection byVolumeOrHod(const Recording& recording, bool hod) {
-    const Options options =
-        recording.options({"nbits", "frameSize", "overlap", hod ? "vhRatio" : "volRatio", "diffOrder",
-                           "minSegment", "maxSilBetweenWord", "minLastWordDuration"});
+    std::vector<const char*> names{"nbits",      "frameSize",         "overlap",
+                                   "minSegment", "maxSilBetweenWord", "minLastWordDuration"};
+    if (hod)
+        names.insert(names.end(), {"vhRatio", "diffOrder"});
+    else
+        names.push_back("volRatio");
+    const Options options = recording.options(names);
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(options));
     const auto waveLen = static_cast<int>(wave.size());
     const EPDPARAM param = readEpdParam(options, recording.fs);

@@ -3,8 +3,10 @@
 #include "results.hpp"
 
 #include "audio/audio.hpp"
+#include "utility/rounding.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <type_traits>
 #include <variant>
 
@@ -99,10 +101,10 @@ PTPARAM readPitchParam(const Call& call, const Options& options, int fs, int nbi
     } else {
         cAudio::ptParamSet(&param, fs, nbits, pfType, nullptr);
     }
+    const PTPARAM asked = param;
     if (options.has("frameSize"))
         param.pfLen = std::max(leastFrameSize, options["frameSize"].whole(leastFrameSize) / 2);
     if (options.has("paramFile")) {
-        const PTPARAM asked = param;
         options["paramFile"].readFile([&](const char* file) { cAudio::ptParamRead(file, &param); });
         param.fs = fs;
         param.nbits = nbits;
@@ -115,6 +117,8 @@ PTPARAM readPitchParam(const Call& call, const Options& options, int fs, int nbi
     for (const Field& field : fields)
         if (field.input != Input::none && options.has(field.name))
             setField(param, field, options[field.name]);
+    if (hasFrameRate && options.has("frameSize") && !options.has("overlap")) // the rate stays
+        param.overlap = clampToInt(std::int64_t{param.frameSize} - asked.frameSize + asked.overlap);
     checkPitchParam(call, param);
     param.frameRate = static_cast<int>(fs / (static_cast<double>(param.frameSize) - param.overlap));
     return param;

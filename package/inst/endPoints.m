@@ -26,13 +26,15 @@
 %   overlap    samples shared by consecutive frames, 0 to frameSize - 1; default 0.
 %   volRatio   "volume": divisor of the volume range that places the threshold, at least 1; default 10.
 %   vhRatio    "volumeHod": the same; default 10.
-%   diffOrder  order of the ASHOD differences, 1 to 5; default 4.
+%   diffOrder  "volumeHod": order of the ASHOD differences, 1 to 5; default 4.
 %   minSegment a segment lasts longer than this, in seconds, at least 0; default 0.05.
 %   maxSilBetweenWord    silence in seconds beyond which the last segment counts as detached; default 0.7.
 %   minLastWordDuration  a detached last segment lasts longer than this, in seconds; default 0.1.
 %
 % Outputs
-%   SEGMENTS   N x 2: the first and the last sample of each segment, counted from 1; 0 x 2 for none.
+%   SEGMENTS   N x 2: the first and the last sample of each segment, counted from 1; 0 x 2 for none.  A recording
+%              of zeros is one segment to "twoThreshold", "character" and "sentence", which look at nothing but
+%              how levels compare.
 %   CURVE      1 x frames: what the detector looks at: volume, (volume + ASHOD) / 2, or energy in dB.
 %   THRESHOLD  1 x 1, or 1 x 2 with the low and the high one; empty without a frame (for "handset", one after
 %              the first 0.2 s).

@@ -8,10 +8,10 @@
 %                 2: sum of squares after taking out the mean.
 %
 % Outputs
-%   DISTANCE   the smallest distance.
+%   DISTANCE   the smallest distance; Inf for none.
 %   POSITION   where it is found: the element of the longer sequence, counted from 1, below the first of the
 %              shorter one; 0 where no distance is a number of reasonable size.
-%   SHIFT      what to subtract from the shorter sequence to bring it onto the longer one.
+%   SHIFT      what to subtract from the shorter sequence to bring it onto the longer one; NaN for none.
 %
 % Example
 %   [distance, position, shift] = lrShiftDist ([1 2 4], [9 5 6 8 8])

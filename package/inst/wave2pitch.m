@@ -14,14 +14,15 @@
 %
 % Options, in any case
 %   pfType     "acf" (1), the default, or "amdf" (0): the pitch function.
-%   frameRate  frames per second, 0.001 to FS; the frames then last 32 ms.  Without it, frames follow each
-%              other without overlap in 32 ms, and at 16 kHz last 40 ms, one each 10 ms.
+%   frameRate  frames per second, 0.001 to FS; the frames then last 32 ms, or frameSize.  Without it, frames
+%              follow each other without overlap in 32 ms, and at 16 kHz last 40 ms, one each 10 ms.
 %   nbits      8 or 16; default 16, and 8 for classes of 8 bits.
 %   paramFile  a file of lines FIELD=VALUE, applied over the defaults and under FS and the other options.
 %   unit       "semitone", the default (69 is 440 Hz, 12 double the frequency), or "Hz".
 %   minPitch, maxPitch    range of the search in semitones, up to 200; default 30 and 84.  With one of them at
 %              0 or below (down to -200) there is nothing to find.
-%   frameSize, overlap    samples per frame (at least 2), and shared by consecutive frames (below frameSize).
+%   frameSize, overlap    samples per frame (at least 2), and shared by consecutive frames (below frameSize;
+%              default what frameRate leaves, without it 0, and 480 at 16 kHz).
 %   pfLen      lags of the pitch function, 2 to frameSize; default half of the frames that follow from FS or
 %              from the option frameSize.
 %   useVolThreshold       no pitch outside the sound that endPoints (..., "volume") finds; default 1.
@@ -101,10 +102,14 @@ end
 %! assert ([param.fs, param.nbits, param.pfType], [fs, 16, 0]);
 %! assert ([param.frameSize, param.overlap, param.pfLen, param.frameRate], [400, 10, 99, 41]);
 %! assert (param.maxPitch, 70);
+%!test  # a rate stays with frames of any size
+%! [~, ~, ~, ~, param] = wave2pitch (wave, fs, "frameRate", 100, "frameSize", 500);
+%! assert ([param.frameSize, param.overlap, param.frameRate, param.pfLen], [500, 340, 100, 250]);
 %!test  # nothing to draw is drawn as well
 %! figure ("visible", "off");
 %! wave2pitch ([0 0], 8000);
 %! absSpectrogram ([0 0], 8000);
+%! note2wave (60, 0, 8000);
 %! close
 %!error <wave2pitch: FS must be a positive whole number> wave2pitch ([0 0], 1.5)
 %!error <wave2pitch: OVERLAP = 640 must be below FRAMESIZE = 640> wave2pitch ([0 0], 16000, "overlap", 640)

@@ -2,6 +2,7 @@
 function drawEndPoints (wave, fs, segments, curve, threshold, time)
   fs = double (fs);
   curve(curve < -1e9) = NaN;  % frames of zeros have no decibels
+  threshold(threshold < -1e9) = [];
   drawCurve (wave, fs, time, curve, "Detector's curve", threshold);
   subplot (2, 1, 1);
   hold on
