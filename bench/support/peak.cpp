@@ -1,25 +1,9 @@
 #include "support/peak.hpp"
 
-#include "utility/instructionSet.hpp"
-
 #include <algorithm>
 #include <ctime>
 
 namespace {
-
-const PeakLoops& widestLoops() {
-#if defined(__x86_64__)
-    switch (widestInstructionSet()) {
-    case InstructionSet::avx512:
-        return avx512Peak;
-    case InstructionSet::avx2:
-        return avx2Peak;
-    case InstructionSet::portable:
-        break;
-    }
-#endif
-    return portablePeak;
-}
 
 double termsPerSecond(double (*loop)(std::size_t), std::size_t termsPerRound) {
     constexpr std::size_t rounds = 1000000;
@@ -36,7 +20,8 @@ double termsPerSecond(double (*loop)(std::size_t), std::size_t termsPerRound) {
 } // namespace
 
 Peak measurePeak() {
-    const PeakLoops& loops = widestLoops();
+    const PeakLoops loops = wavepitch::versionFor(
+        wavepitch::widestInstructionSet(), []<wavepitch::InstructionSet set> { return peakLoopsOf<set>(); });
     return {termsPerSecond(loops.multiplyAdds, loops.termsPerRound),
             termsPerSecond(loops.subtractAdds, loops.termsPerRound)};
 }

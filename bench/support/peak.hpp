@@ -1,6 +1,8 @@
 // What one core can do at most, measured: the yardstick of the kernels.
 #pragma once
 
+#include "utility/instructionSet.hpp"
+
 #include <cstddef>
 
 /// Terms per second in double, with the widest vectors that the processor has.
@@ -19,6 +21,5 @@ struct PeakLoops {
     std::size_t termsPerRound;
 };
 
-extern const PeakLoops portablePeak;
-extern const PeakLoops avx2Peak;   // x86-64 only
-extern const PeakLoops avx512Peak; // x86-64 only
+template <wavepitch::InstructionSet set>
+PeakLoops peakLoopsOf();

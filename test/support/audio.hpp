@@ -5,6 +5,7 @@
 
 #include "support/console.hpp"
 #include "support/vectors.hpp"
+#include "utility/instructionSet.hpp"
 
 #include <gtest/gtest.h>
 
@@ -21,6 +22,12 @@
 inline bool isSame(double a, double b) {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
            (std::isnan(a) && std::isnan(b));
+}
+
+/// The kernels for AVX-512 as the tests compile them for AVX2, and whether the processor has that.
+inline constexpr auto eightLanes = static_cast<wavepitch::InstructionSet>(3);
+inline bool hasEightLanes() {
+    return wavepitch::widestInstructionSet() >= wavepitch::InstructionSet::avx2;
 }
 
 /// Calls once with each set of instructions that kernels have a version for, with its name.

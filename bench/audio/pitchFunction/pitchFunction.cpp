@@ -130,8 +130,8 @@ private:
 
 std::vector<std::string> versions() {
     std::vector<std::string> names{"portable"};
-    if (widestInstructionSet() >= InstructionSet::avx2) names.emplace_back("avx2");
-    if (widestInstructionSet() >= InstructionSet::avx512) names.emplace_back("avx512");
+    if (wavepitch::widestInstructionSet() >= wavepitch::InstructionSet::avx2) names.emplace_back("avx2");
+    if (wavepitch::widestInstructionSet() >= wavepitch::InstructionSet::avx512) names.emplace_back("avx512");
     return names;
 }
 

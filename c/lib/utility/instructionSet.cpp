@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace wavepitch {
+
 InstructionSet widestInstructionSet() {
 #if defined(__x86_64__)
     if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
@@ -22,3 +24,5 @@ InstructionSet instructionSet() {
     if (std::strcmp(forced, "avx2") == 0) return std::min(widest, InstructionSet::avx2);
     return widest;
 }
+
+} // namespace wavepitch

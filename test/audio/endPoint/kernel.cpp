@@ -1,9 +1,7 @@
 #include "audio/endPoint/kernel/frameKernel.hpp"
 
-#include "audio/endPoint/kernel/frameKernelText.hpp"
 #include "audio/endPoint/made.hpp"
 #include "utility/vector/kernel/intMedian.hpp"
-#include "utility/vector/kernel/intMedianText.hpp"
 
 namespace {
 
@@ -26,12 +24,15 @@ int plainCrossings(const Sample* x, std::size_t n) {
 }
 
 TEST(FrameKernel, EveryVersionEqualsThePlainLoops) {
-    // In every width of their text (512 bits too, whatever the processor), then as they run here.
-    std::vector<std::pair<FrameKernel, IntMedian>> versions{{kernelOfWidth<16>(), medianOfInts<16>},
-                                                            {kernelOfWidth<32>(), medianOfInts<32>},
-                                                            {kernelOfWidth<64>(), medianOfInts<64>}};
-    for (const auto set : {InstructionSet::portable, InstructionSet::avx2, InstructionSet::avx512})
-        if (set <= widestInstructionSet()) versions.emplace_back(frameKernel(set), intMedian(set));
+    std::vector<std::pair<wavepitch::endPoint::FrameKernel, wavepitch::utility::IntMedian>> versions;
+    withEveryKernel([&](const char*) {
+        versions.emplace_back(wavepitch::endPoint::frameKernel(), wavepitch::utility::intMedian());
+    });
+#if defined(__x86_64__)
+    if (hasEightLanes())
+        versions.emplace_back(wavepitch::endPoint::frameKernelOf<eightLanes>(),
+                              wavepitch::utility::intMedianOf<eightLanes>);
+#endif
     std::mt19937 random(4); // NOLINT(cert-msc51-cpp)
     // Samples from 2^26 on have differences that leave 32 bits.
     for (const int most : {0, 1, 128, 32767, (1 << 26) - 1, 1 << 27, INT_MAX})

@@ -1,4 +1,4 @@
-#include "audio/pitchTracking/kernel/pathKernelText.hpp"
+#include "audio/pitchTracking/kernel/pathStep.hpp"
 #include "support/audio.hpp"
 #include "utility/rounding.hpp"
 
@@ -94,7 +94,11 @@ TEST(Path, IsThatOfPlainLoops) {
     });
 }
 
+#if defined(__x86_64__)
 TEST(Path, WidestKernelTakesTheSameWay) {
+    using namespace wavepitch;
+    using pitchTracking::bestPredecessors;
+    if (!hasEightLanes()) GTEST_SKIP() << "no AVX2";
     Doubles total, position, penalty(256);
     for (int i = 0; i < 128; ++i) position.push_back(i);
     for (int i = 0; i < 100; ++i) total.push_back(i * 7919 % 50 + 0.1);
@@ -111,8 +115,11 @@ TEST(Path, WidestKernelTakesTheSameWay) {
             return best;
         };
         for (const double* tabled : {&penalty[128], static_cast<double*>(nullptr)})
-            EXPECT_EQ(result(pathStep<64>, tabled), result(pathStep<16>, nullptr)) << kind;
+            EXPECT_EQ(result(bestPredecessors<eightLanes>, tabled),
+                      result(bestPredecessors<InstructionSet::portable>, nullptr))
+                << kind;
     }
 }
+#endif
 
 } // namespace

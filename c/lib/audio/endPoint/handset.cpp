@@ -43,7 +43,8 @@ public:
     }
 
 private:
-    decltype(FrameKernel::crossingsOfDoubles) crossings = frameKernel(instructionSet()).crossingsOfDoubles;
+    decltype(wavepitch::endPoint::FrameKernel::crossingsOfDoubles) crossings =
+        wavepitch::endPoint::frameKernel().crossingsOfDoubles;
 };
 
 /// The first frame that may be marked. The one before it still counts for the thresholds.

@@ -39,8 +39,8 @@ void wave2volume(const int* wave, int waveLen, int frameSize, int overlap, T* vo
                         [=](const int* frame) { return static_cast<T>(feature(frame)); });
     };
     if (method == 1) {
-        const IntMedian median = intMedian(instructionSet());
-        const auto deviation = frameKernel(instructionSet()).deviation;
+        const auto median = wavepitch::utility::intMedian();
+        const auto deviation = wavepitch::endPoint::frameKernel().deviation;
         perFrame([=](const int* frame) {
             return clampToInt(
                 deviation(frame, static_cast<std::size_t>(frameSize), median(frame, frameSize)));

@@ -21,7 +21,7 @@ void flip(T* frame, int frameSize) {
 }
 
 void flip(int* frame, int frameSize) {
-    pitchFunctionKernel::version().flipInts(frame, static_cast<std::size_t>(frameSize));
+    wavepitch::pitchFunction::version().flipInts(frame, static_cast<std::size_t>(frameSize));
 }
 
 } // namespace

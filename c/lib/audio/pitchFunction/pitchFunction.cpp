@@ -14,9 +14,9 @@
 
 namespace {
 
-using pitchFunctionKernel::Task;
-using pitchFunctionKernel::taskOf;
-using pitchFunctionKernel::Version;
+using wavepitch::pitchFunction::Task;
+using wavepitch::pitchFunction::taskOf;
+using wavepitch::pitchFunction::Version;
 
 [[noreturn]] void unknownMethod(PF_TYPE pfType, const double* /*instance*/) {
     std::puts(pfType == PF_ACF ? "Unknown method for frame2acf()!" : "Unknown method for frame2amdf()!");
@@ -57,7 +57,7 @@ void run(const Version& version, const Task& task, const int* wave, const std::v
 /// no terms, are no matter of the kernels.
 template <typename T>
 void pitchFunctions(const Task& task, const T* wave, const std::vector<int>& start, double* pf) {
-    const Version& version = pitchFunctionKernel::version();
+    const Version version = wavepitch::pitchFunction::version();
     if (task.lags > 0) {
         const WorkBlock work(version.workSize(task));
         run(version, task, wave, start, work.get(), pf);
@@ -77,7 +77,7 @@ void subtractMean(double* frame, int frameSize) {
 }
 
 void subtractMean(int* frame, int frameSize) {
-    pitchFunctionKernel::version().removeMean(frame, static_cast<std::size_t>(frameSize));
+    wavepitch::pitchFunction::version().removeMean(frame, static_cast<std::size_t>(frameSize));
 }
 
 bool isKnown(int method) {

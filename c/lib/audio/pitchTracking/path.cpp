@@ -16,7 +16,7 @@
 #include "audio/constants.hpp"
 #include "audio/failure.hpp"
 #include "audio/pitchTracking/fixedPoint.hpp"
-#include "audio/pitchTracking/kernel/pathKernel.hpp"
+#include "audio/pitchTracking/kernel/pathStep.hpp"
 #include "audio/waveform/synthesis.hpp"
 #include "utility/fatal.hpp"
 #include "utility/instructionSet.hpp"
@@ -31,6 +31,9 @@
 namespace {
 
 using std::size_t;
+using wavepitch::pitchTracking::PathStep;
+using wavepitch::pitchTracking::pathStepBlock;
+using wavepitch::pitchTracking::prevBlock;
 
 double localCost(const PTPARAM& ptParam, const PPC& candidate) {
     return static_cast<double>(ptParam.pfWeight) * candidate.pfValue;
@@ -100,19 +103,10 @@ private:
     std::vector<double> penalty;
 };
 
-void (*pathStepVersion())(const PathStep&) {
-#if defined(__x86_64__)
-    const InstructionSet set = instructionSet();
-    if (set == InstructionSet::avx512) return pathStepAvx512;
-    if (set == InstructionSet::avx2) return pathStepAvx2;
-#endif
-    return pathStepPortable;
-}
-
 class ForwardPass {
 public:
     explicit ForwardPass(const PTPARAM& parameters)
-        : ptParam(parameters), scale(parameters), bestPredecessors(pathStepVersion()),
+        : ptParam(parameters), scale(parameters), bestPredecessors(wavepitch::pitchTracking::pathStep()),
           lowIsBetter(parameters.pfType == PF_AMDF),
           signedWeight(lowIsBetter ? parameters.indexDiffWeight : -parameters.indexDiffWeight) {}
 

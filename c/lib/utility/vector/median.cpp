@@ -24,7 +24,7 @@ void countInto(int* histVec, int histVecLen, const int* vec, int n) {
 
 template <>
 int vecMedian(const int* vec, int n) {
-    return n < 1 ? 0 : intMedian(instructionSet())(vec, n);
+    return n < 1 ? 0 : wavepitch::utility::intMedian()(vec, n);
 }
 
 int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {

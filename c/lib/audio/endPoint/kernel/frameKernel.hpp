@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace wavepitch::endPoint {
+
 struct FrameKernel {
     /// Sum of |x - centre|.
     std::int64_t (*deviation)(const int* frame, std::size_t frameSize, int centre);
@@ -17,11 +19,12 @@ struct FrameKernel {
     std::int64_t (*differences)(const int* frame, std::size_t frameSize, int order);
 };
 
-extern const FrameKernel portableFrameKernel;
-#if defined(__x86_64__)
-extern const FrameKernel avx2FrameKernel;
-extern const FrameKernel avx512FrameKernel;
-#endif
+template <InstructionSet set>
+FrameKernel frameKernelOf();
 
-/// The version for an instruction set that the processor has.
-const FrameKernel& frameKernel(InstructionSet set);
+/// The version that the next call uses.
+inline FrameKernel frameKernel() {
+    return versionFor(instructionSet(), []<InstructionSet set> { return frameKernelOf<set>(); });
+}
+
+} // namespace wavepitch::endPoint

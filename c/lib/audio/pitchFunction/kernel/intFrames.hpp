@@ -22,7 +22,7 @@ inline std::int64_t deviationFrom(int mean, const int* x, size_t n) {
 }
 
 void flipInts(int* x, size_t n) {
-    const int mean = pitchFunctionKernel::roundedMean(sumOf(x, n), n);
+    const int mean = wavepitch::pitchFunction::roundedMean(sumOf(x, n), n);
     const size_t half = n / 2;
     if (deviationFrom(mean, x + half, n - half) <= deviationFrom(mean, x, half)) return;
     for (size_t j = 0; j < half; ++j) {

@@ -2,10 +2,12 @@
 // All versions give the same bits.
 #pragma once
 
+#include "utility/instructionSet.hpp"
+
 #include <cstddef>
 #include <cstdint>
 
-namespace pitchFunctionKernel {
+namespace wavepitch::pitchFunction {
 
 /// What to compute of each frame. Lag i has min(maxTerms, frameSize - i) terms.
 struct Task {
@@ -36,14 +38,13 @@ struct Version {
     int (*removeMean)(int* frame, std::size_t frameSize); // as frame2acf does; returns the mean
 };
 
-extern const Version portable;
-extern const Version avx2;   // x86-64 only
-extern const Version avx512; // x86-64 only
+template <InstructionSet set>
+Version versionOf();
 
-/// The version that instructionSet() asks for.
-const Version& version();
+/// The version that the next call uses.
+Version version();
 
 /// The mean that ints deviate from where cAudio::frameFlip compares a frame's halves.
 int roundedMean(std::int64_t sum, std::size_t n);
 
-} // namespace pitchFunctionKernel
+} // namespace wavepitch::pitchFunction

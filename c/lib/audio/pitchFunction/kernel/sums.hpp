@@ -4,10 +4,11 @@
 
 #include "audio/pitchFunction/kernel/kernel.hpp"
 #include "audio/pitchFunction/kernel/lanes.hpp"
+#include "utility/kernel/version.hpp"
 
 namespace {
 
-using pitchFunctionKernel::Task;
+using wavepitch::pitchFunction::Task;
 
 inline Doubles maskedBy(Bits mask, Doubles x) {
     return reinterpret_cast<Doubles>(reinterpret_cast<Bits>(x) & mask);

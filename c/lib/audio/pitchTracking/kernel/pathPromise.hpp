@@ -7,9 +7,12 @@
 // promises nothing.
 #pragma once
 
-#include "audio/pitchTracking/kernel/pathKernel.hpp"
+#include "audio/pitchTracking/kernel/pathStep.hpp"
 
 namespace {
+
+using wavepitch::pitchTracking::PathStep;
+using wavepitch::pitchTracking::prevBlock;
 
 template <bool lowIsBetter, typename T>
 [[gnu::always_inline]] inline bool isBetter(T a, T b) {

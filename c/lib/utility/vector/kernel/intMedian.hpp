@@ -3,14 +3,17 @@
 
 #include "utility/instructionSet.hpp"
 
+namespace wavepitch::utility {
+
 /// vecMedian for int with n of at least 1.
 using IntMedian = int (*)(const int* vec, int n);
 
-int portableIntMedian(const int* vec, int n);
-#if defined(__x86_64__)
-int avx2IntMedian(const int* vec, int n);
-int avx512IntMedian(const int* vec, int n);
-#endif
+template <InstructionSet set>
+int intMedianOf(const int* vec, int n);
 
-/// The version for an instruction set that the processor has: for callers that take many medians.
-IntMedian intMedian(InstructionSet set);
+/// The version that the next call uses: for callers that take many medians.
+inline IntMedian intMedian() {
+    return versionFor(instructionSet(), []<InstructionSet set> { return &intMedianOf<set>; });
+}
+
+} // namespace wavepitch::utility

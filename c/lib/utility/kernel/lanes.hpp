@@ -1,5 +1,5 @@
-// Vectors of any width for the texts of kernels, which each instruction set compiles in a file of its own
-// with its own flags. Everything is local to the file that includes it, and nothing but sizes is included
+// Vectors of any width for the texts of kernels, which are compiled once for each instruction set
+// (version.hpp). Everything is local to the file that includes it, and nothing but sizes is included
 // here, so that no code can be mixed up between instruction sets.
 #pragma once
 

@@ -1,18 +1,19 @@
-// The peak for vectors of WAVEPITCH_PEAK_BYTES bytes: text for one translation unit per instruction set.
 // Twelve sums are in flight, nothing is loaded; the empty asm statements keep each operation in the loop.
 #include "support/peak.hpp"
+
+#include "utility/kernel/version.hpp"
 
 #include <cstddef>
 #include <utility>
 
-#if WAVEPITCH_PEAK_BYTES > 16
+#if WAVEPITCH_VECTOR_BYTES > 16
 #include <immintrin.h>
 #endif
 
 namespace {
 
-typedef double Doubles __attribute__((vector_size(WAVEPITCH_PEAK_BYTES)));
-typedef long long Bits __attribute__((vector_size(WAVEPITCH_PEAK_BYTES)));
+typedef double Doubles __attribute__((vector_size(WAVEPITCH_VECTOR_BYTES)));
+typedef long long Bits __attribute__((vector_size(WAVEPITCH_VECTOR_BYTES)));
 
 constexpr std::size_t sums = 12;
 constexpr std::size_t termsPerRound = sums * sizeof(Doubles) / sizeof(double);
@@ -29,9 +30,9 @@ struct SubtractAdd {
 
     [[gnu::always_inline]] void operator()(Doubles& sum, Doubles& x) const {
         asm("" : "+v"(x));
-#if WAVEPITCH_PEAK_BYTES == 64
+#if WAVEPITCH_VECTOR_BYTES == 64
         const Doubles difference = _mm512_fmsub_pd(one, x, x);
-#elif WAVEPITCH_PEAK_BYTES == 32
+#elif WAVEPITCH_VECTOR_BYTES == 32
         const Doubles difference = _mm256_fmsub_pd(one, x, x);
 #else
         const Doubles difference = x - x;
@@ -62,3 +63,10 @@ double subtractAdds(std::size_t rounds) {
 }
 
 } // namespace
+
+template <wavepitch::InstructionSet set>
+PeakLoops peakLoopsOf() {
+    return {multiplyAdds, subtractAdds, termsPerRound};
+}
+
+template PeakLoops peakLoopsOf<ownSet>();

@@ -1,14 +1,15 @@
-// The text of the path search's step, for vectors of any width (utility/vector/kernel/lanes.hpp): several
-// current candidates side by side, each in a lane of its own, and the predecessors one after the other.
+// One step of the path search: several current candidates side by side, each in a lane of its own, and the
+// predecessors one after the other.
 //
 // Each lane does what a plain loop does, in its order, so every width gives the same bits. Predecessors that
 // cannot win (pathPromise.hpp) are left out.
-#pragma once
-
 #include "audio/pitchTracking/kernel/pathPromise.hpp"
-#include "utility/vector/kernel/lanes.hpp"
+#include "utility/kernel/lanes.hpp"
+#include "utility/kernel/version.hpp"
 
 namespace {
+
+using wavepitch::pitchTracking::pathStepBlock;
 
 /// Two registers of doubles as one of floats.
 template <std::size_t bytes>
@@ -111,14 +112,16 @@ void bestOfAll(const PathStep& step, const Penalty& penalty) {
         bestOfAll<bytes, false>(step, penalty);
 }
 
-template <std::size_t bytes>
-void pathStep(const PathStep& step) {
+} // namespace
+
+template <wavepitch::InstructionSet set>
+void wavepitch::pitchTracking::bestPredecessors(const PathStep& step) {
     if (step.signedPenalty)
-        bestOfAll<bytes>(step, TabledPenalty<bytes>{step});
+        bestOfAll<ownBytes>(step, TabledPenalty<ownBytes>{step});
     else if (step.squared)
-        bestOfAll<bytes>(step, ComputedPenalty<bytes, true>{step});
+        bestOfAll<ownBytes>(step, ComputedPenalty<ownBytes, true>{step});
     else
-        bestOfAll<bytes>(step, ComputedPenalty<bytes, false>{step});
+        bestOfAll<ownBytes>(step, ComputedPenalty<ownBytes, false>{step});
 }
 
-} // namespace
+template void wavepitch::pitchTracking::bestPredecessors<ownSet>(const PathStep&);

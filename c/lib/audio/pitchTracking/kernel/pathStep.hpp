@@ -2,7 +2,11 @@
 // same predecessors and give the same values.
 #pragma once
 
+#include "utility/instructionSet.hpp"
+
 #include <cstddef>
+
+namespace wavepitch::pitchTracking {
 
 /// What a version computes: for each current candidate the best of prevLen predecessors, 1 or more, by
 ///     value = the predecessor's total + signed penalty, in double, narrowed to float,
@@ -35,8 +39,12 @@ struct PathStep {
 constexpr std::size_t pathStepBlock = 64;
 constexpr std::size_t prevBlock = 4;
 
-void pathStepPortable(const PathStep& step);
-#if defined(__x86_64__)
-void pathStepAvx2(const PathStep& step);
-void pathStepAvx512(const PathStep& step);
-#endif
+template <InstructionSet set>
+void bestPredecessors(const PathStep& step);
+
+/// The version that the next call uses.
+inline auto pathStep() {
+    return versionFor(instructionSet(), []<InstructionSet set> { return &bestPredecessors<set>; });
+}
+
+} // namespace wavepitch::pitchTracking

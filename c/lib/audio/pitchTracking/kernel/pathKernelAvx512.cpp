@@ -1,5 +1,0 @@
-#include "audio/pitchTracking/kernel/pathKernelText.hpp"
-
-void pathStepAvx512(const PathStep& step) {
-    pathStep<64>(step);
-}

@@ -1,5 +1,0 @@
-#include "audio/pitchTracking/kernel/pathKernelText.hpp"
-
-void pathStepPortable(const PathStep& step) {
-    pathStep<16>(step);
-}
