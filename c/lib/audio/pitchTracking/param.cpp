@@ -3,7 +3,7 @@
 #include "audio/failure.hpp"
 #include "audio/pitchTracking/paramFile.hpp"
 #include "utility/fatal.hpp"
-#include "utility/file/open.hpp"
+#include "utility/file/file.hpp"
 #include "utility/rounding.hpp"
 
 #include <cmath>
