@@ -98,6 +98,8 @@ end
 %! fputs (fid, "fs=4000\nnbits=8\npfType=1\npfLen=99\nframeSize=300\noverlap=10\nmaxPitch=70\n");
 %! fclose (fid);
 %! [~, ~, ~, ~, param] = wave2pitch (wave, fs, "pfType", "amdf", "paramFile", file, "frameSize", 400);
+%! printed = evalc ('pitch = wave2pitch (wave, fs, "paramFile", file);');
+%! assert (! isempty (strfind (printed, "Warning: frameSize too small! (frameSize=300, frameDuration=18.75 ms")));
 %! delete (file);
 %! assert ([param.fs, param.nbits, param.pfType], [fs, 16, 0]);
 %! assert ([param.frameSize, param.overlap, param.pfLen, param.frameRate], [400, 10, 99, 41]);
@@ -111,6 +113,7 @@ end
 %! absSpectrogram ([0 0], 8000);
 %! note2wave (60, 0, 8000);
 %! close
+%!error <wave2pitch: FS = 31 makes PFLEN = 1, which must be from 2 to 2147483647> wave2pitch ([0 0], 31)
 %!error <wave2pitch: FS must be a positive whole number> wave2pitch ([0 0], 1.5)
 %!error <wave2pitch: OVERLAP = 640 must be below FRAMESIZE = 640> wave2pitch ([0 0], 16000, "overlap", 640)
 %!error <wave2pitch: no option is named "foo"> wave2pitch ([0 0], 8000, "foo", 1)
