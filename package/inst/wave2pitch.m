@@ -26,7 +26,7 @@
 %   pfLen      lags of the pitch function, 2 to frameSize; default half of the frames that follow from FS or
 %              from the option frameSize.
 %   useVolThreshold       no pitch outside the sound that endPoints (..., "volume") finds; default 1.
-%   useClarityThreshold   no pitch in frames of low clarity; default 1.
+%   useClarityThreshold   no pitch in frames of low clarity; default 1.  See CLARITY for "amdf".
 %   clarityRatio          what low is, as a fraction of the largest clarity, 0 to 1; default 0.6.
 %   useClarityWeight      weight each frame's pitch function by its clarity; default 1 for ACF, 0 for AMDF.
 %   medianFilterOrder     order of the median filter over the pitch, a whole number of at least 0, 3 or more
@@ -44,7 +44,9 @@
 % Outputs
 %   PITCH      1 x frames: semitones or Hz; 0 where there is no pitch.
 %   TIME       1 x frames: centres of the frames in seconds.
-%   CLARITY    1 x frames: 0 to 1.
+%   CLARITY    1 x frames: 0 to 1, how periodic a frame is.  With useClarityThreshold, which is the default, the
+%              pitch function at the lag chosen as a share of that at lag 0, where the AMDF is 0: for "amdf"
+%              CLARITY then is 0 throughout, and the threshold has no effect.
 %   PFMAT      pfLen x frames: column = frame, row k = lag of k - 1 samples; normalised to 2^20, then weighted
 %              by clarity where useClarityWeight says so.
 %   PARAM      struct: the parameters used, minIndex and maxIndex being the lags searched.
