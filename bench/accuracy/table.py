@@ -22,9 +22,10 @@ speech: a vocoder took apart three real recordings and put them together again w
 truth. It counts soft voicing as voiced, and frames near a border of voicing are not scored: voicing errors compare
 trackers here, and are no ground to tune a threshold on.
 
-**The conditions** are made at 16 kHz and then resampled, so that both rates hear the same sound. Noise is seeded by the
-name of the recording; its level is relative to the mean power of the whole recording, pauses included. Brown noise
-falls by 6 dB an octave from 20 Hz on. The telephone is a band of 300 to 3400 Hz.
+**The conditions** are made at 16 kHz and then resampled, so that both rates hear the same sound. The level of noise is
+relative to the mean power of the recording where the truth is voiced, what lies below 4 kHz counting in both; noise is
+seeded by the name of the recording. Brown noise falls by 6 dB an octave from 20 Hz on. The telephone is a band of 300
+to 3400 Hz.
 
 **The trackers** search 60 to 800 Hz every 10 ms where they can be told to (aubio cannot be told a range) and are at
 their defaults otherwise; only aubio's frames are 64 ms, since its default of 2048 samples is meant for 44.1 kHz. A
