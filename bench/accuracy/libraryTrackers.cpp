@@ -4,6 +4,7 @@
 //                                        tracker alone (the median of its calls), then a line
 //                                        "SECONDS HZ" for each frame; 0 Hz where it finds no pitch
 #include "audio/audio.hpp"
+#include "standIn.hpp"
 
 #include <sndfile.h>
 
@@ -12,8 +13,10 @@
 #include <cmath>
 #include <cstdio>
 #include <ctime>
+#include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -89,6 +92,7 @@ void report(const Tracker& tracker, const Recording& recording) {
 } // namespace
 
 int main(int argc, char** argv) try {
+    standIn::setConsole([](std::string_view text) { std::cerr << text; }); // the output holds tracks alone
     if (argc < 2) {
         for (const Tracker& tracker : trackers) std::puts(tracker.name);
         return 0;

@@ -10,20 +10,16 @@ def onGrid(times, track):
     """A track at the times of the truth, Hz. The nearest frame decides on voicing; where the frames on both sides are
     voiced and within 20 % of each other, the frequency lies on the line between their logarithms, elsewhere it is that
     of the nearest. Beyond the frames of the track there is no pitch."""
-    if len(track.times) == 0:
+    if len(track.times) < 2:
         return np.zeros_like(times)
-    after = np.clip(np.searchsorted(track.times, times), 1, max(1, len(track.times) - 1))
-    after = np.minimum(after, len(track.times) - 1)
-    before = np.maximum(after - 1, 0)
-    span = np.maximum(track.times[after] - track.times[before], 1e-9)
-    share = np.clip((times - track.times[before]) / span, 0, 1)
+    after = np.clip(np.searchsorted(track.times, times), 1, len(track.times) - 1)
+    before = after - 1
+    share = np.clip((times - track.times[before]) / (track.times[after] - track.times[before]), 0, 1)
     nearest = np.where(share < 0.5, before, after)
     low, high = track.hertz[before], track.hertz[after]
-    found = track.hertz[nearest]
     between = (low > 0) & (high > 0) & (np.abs(high - low) < grossRatio * low)
-    logLow = np.log(np.where(between, low, 1))
-    logHigh = np.log(np.where(between, high, 1))
-    found = np.where(between, np.exp(logLow + share * (logHigh - logLow)), found)
+    logLow, logHigh = (np.log(np.where(between, hertz, 1)) for hertz in (low, high))
+    found = np.where(between, np.exp(logLow + share * (logHigh - logLow)), track.hertz[nearest])
     far = np.abs(times - track.times[nearest]) > frameStep
     return np.where(far, 0, found)
 
