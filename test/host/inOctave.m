@@ -91,16 +91,17 @@ end
 function fatalErrorIsAnErrorAndStandsInTheLog ()
   pfType = -getpid ();  % nobody else's: other programs write the log, too
   pattern = sprintf ("^wave2pfMat: Unknown pfType=%d ", pfType);
-  log = "";
-  for tries = 1:100
+  log = wanted = "";
+  for tries = 1:200
     printed = evalc ("message = assertError (pattern, 1:8, 4, 0, 3, pfType, 1);");
     assert (printed, "\nSaved error log at /tmp/error.log...\n");
     log = fileread ("/tmp/error.log");
-    if (! isempty (strfind (log, num2str (pfType))))
+    wanted = ["Error: " message(numel("wave2pfMat: ") + 1:end) "\n"];
+    if (strcmp (log, wanted))
       break
     end
   end
-  assert (log, ["Error: " message(numel("wave2pfMat: ") + 1:end) "\n"]);
+  assert (log, wanted);
   assert (wave2pfMat ([1 2 3 4], 4, 0, 3, 0, 1), [0; 3; 4]);  % the session goes on
 end
 
