@@ -26,9 +26,7 @@ TEST(Spectrogram, HasTheMagnitudesOfEachFrame) {
     for (const auto& [frameSize, overlap, paddedSize, useHamming] : cases) {
         const int binNum = paddedSize / 2 + 1;
         Doubles out(size_t(binNum * cAudio::getFrameNum2(1000, frameSize, overlap)));
-        const ConsoleCapture console;
         cAudio::absSpectrogram(wave.data(), 1000, frameSize, overlap, paddedSize, useHamming, out.data());
-        EXPECT_EQ(console.text().empty(), paddedSize != 300);
         for (int i = 0; i < lengthOf(out); ++i) {
             const double* frame = wave.data() + i / binNum * (frameSize - overlap);
             const Doubles expected = power(frame, frameSize, paddedSize, useHamming);
@@ -50,28 +48,28 @@ TEST(Spectrogram, OfFramesInTheirPlaceHasAllBins) {
 }
 
 TEST(Spectrogram, RefusesFramesThatDoNotFit) {
-    const std::string message =
+    const char message[] =
         "Error: frameSize is larger than paddedSize (line N of file ../../../../c/lib/audio/audio)";
     EXPECT_EQ(fatalMessage([] { cAudio::absSpectrogram(nullptr, 0, 257, 0, 256, 0, nullptr); }), message);
     EXPECT_EQ(fatalMessage([] { cAudio::uvCut(nullptr, 0, 513, 0); }), message);
 }
 
 TEST(UvCut, IsTheLargestChangeInTheFirstHalf) {
-    for (int frameNum = 0; frameNum < 60; ++frameNum) {
+    for (int frameNum = 5; frameNum < 60; ++frameNum) {
         const Doubles wave = noise(size_t(frameNum * 200 + 100));
-        Doubles change{0};
-        for (int i = 0; 2 * i < frameNum - 2; ++i) {
-            const Doubles before = power(&wave[size_t(i * 200)], 300, 512, 1);
-            const Doubles after = power(&wave[size_t(i * 200 + 400)], 300, 512, 1);
+        Doubles change;
+        for (int start = 0; start < frameNum * 100 - 200; start += 200) {
+            const Doubles before = power(wave.data() + start, 300, 512, 1);
+            const Doubles after = power(wave.data() + start + 400, 300, 512, 1);
             change.push_back(0);
             for (size_t k = 0; k <= 256; ++k) change.back() += std::abs(after[k] - before[k]);
         }
         const auto largest = std::max_element(change.begin(), change.end()) - change.begin();
         const Ints whole(wave.begin(), wave.end());
-        EXPECT_EQ(cAudio::uvCut(whole.data(), lengthOf(whole), 300, 100), frameNum < 5 ? 0 : largest - 1)
-            << frameNum;
+        EXPECT_EQ(cAudio::uvCut(whole.data(), lengthOf(whole), 300, 100), largest) << frameNum;
+        EXPECT_EQ(cAudio::uvCut(whole.data(), 900, 300, 100), 0); // fewer than five frames
     }
-    EXPECT_EQ(cAudio::uvCut(Ints(512 * 9).data(), 512 * 9, 512, 0), 0) << "the first of equals";
+    EXPECT_EQ(cAudio::uvCut(Ints(4000).data(), 4000, 500, 0), 0); // the first of equals
 }
 
 TEST(Window, IsSymmetric) {

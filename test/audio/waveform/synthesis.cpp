@@ -16,26 +16,27 @@ Doubles sound(const std::vector<Stretch>& stretches) {
 }
 
 TEST(Synthesis, OfPitchWritesWholePeriods) {
-    const auto tuned = [](const Doubles& pitch) {
-        Doubles wave(240, 9.0);
+    const auto sung = [](const Doubles& pitch) {
+        Doubles wave(240, 9);
         cAudio::pitch2wave(pitch.data(), lengthOf(pitch), 100, 8000, wave.data(), 240);
         return wave;
     };
-    EXPECT_EQ(tuned({69, 0, 69}), sound({{0, 18, 90}, {160, 18, 232}}));
-    EXPECT_EQ(tuned({69, 81, 80.9}), sound({{0, 18, 90}, {90, 9, 234}}));
-    EXPECT_EQ(tuned({}), sound({}));
+    EXPECT_EQ(sung({69, 0, 69}), sound({{0, 18, 90}, {160, 18, 232}}));
+    EXPECT_EQ(sung({69, 81, 81}), sound({{0, 18, 90}, {90, 9, 234}}));
+    EXPECT_EQ(sung({}), sound({}));
 }
 
 TEST(Synthesis, OfNotesStartsEachWhereTheLastEnds) {
-    const auto played = [](const Doubles& pitch, const Doubles& duration) {
-        Doubles wave(240, 9.0);
-        cAudio::note2wave(pitch.data(), lengthOf(pitch), duration.data(), 8000, wave.data(), 240);
+    const auto played = [](const Doubles& pitch, double duration) {
+        Doubles wave(240, 9);
+        const double durations[] = {duration, 1};
+        cAudio::note2wave(pitch.data(), 2, durations, 8000, wave.data(), 240);
         return wave;
     };
-    EXPECT_EQ(played({69, 0, 69}, {0.01, 0, 1}), sound({{0, 18, 234}}));
-    EXPECT_EQ(played({notANumber, 69}, {0.01009, 1}), sound({{80, 18, 224}})) << "a period of no sample";
-    EXPECT_EQ(played({0, -1e9}, {0.01, 1}), sound({})) << "a period beyond the end";
-    EXPECT_EQ(played({69, 0}, {-1, 1}), sound({{0, 18, 18}})) << "starts that do not ascend";
+    EXPECT_EQ(played({0, 69}, 0), sound({{0, 18, 234}}));
+    EXPECT_EQ(played({notANumber, 69}, 0.01009), sound({{80, 18, 224}})); // a period of no sample
+    EXPECT_EQ(played({0, -1e9}, 0.01), sound({}));                        // a period beyond the end
+    EXPECT_EQ(played({69, 0}, -1), sound({{0, 18, 18}}));                 // starts that do not ascend
 }
 
 TEST(Synthesis, TwelveSemitonesDoubleTheFrequency) {
@@ -54,7 +55,7 @@ TEST(Synthesis, NotesAreHeldUntilTheNextIsTaken) {
     EXPECT_EQ(text(pv), "60 60 62 62 62");
     EXPECT_EQ(console.text(), "noteCumulatedTime=0.100000\nnoteCumulatedTime=0.200000\n");
     cAudio::note2pv(note, 4, 0.3, pv.data(), 5);
-    EXPECT_EQ(text(pv), "60 62 62 62 62") << "one for each value at most";
+    EXPECT_EQ(text(pv), "60 62 62 62 62"); // one for each value at most
 }
 
 } // namespace

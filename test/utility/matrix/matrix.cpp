@@ -18,13 +18,10 @@ TEST(Matrix, IsZeroFilledAndReleased) {
 
 TEST(Matrix, MayBeEmptyButNotNegative) {
     EXPECT_EQ(matCreate(0, 0, 8), nullptr);
-    for (const auto& [rowNum, colNum] : {std::pair(0, -5), {4, 0}}) {
-        void** matrix = fisCreateMatrix(rowNum, colNum, 8);
-        EXPECT_NE(matrix, nullptr) << rowNum;
-        fisFreeMatrix(matrix, rowNum);
-    }
+    void** matrix = fisCreateMatrix(2, 0, 8);
+    EXPECT_NE(matrix[1], nullptr);
+    fisFreeMatrix(matrix, 2);
     EXPECT_EQ(hostError([] { fisCreateMatrix(-3, 0, 8); }), "Error in fisCreateMatrix!");
-    EXPECT_EQ(hostError([] { fisCreateMatrix(3, 2, -1); }), "Error in fisCreateMatrix!");
     EXPECT_EQ(fatalMessage([] { cAudio::matCreate(3, -1, 8); }), "Error in matrixCreate!");
 }
 

@@ -6,30 +6,25 @@ TEST(SetCover, EveryStepTakesTheFirstRowThatAddsMost) {
     const double no = notANumber;
     const Doubles rows[] = {{2, 1, 2, 0},     {6, 5, 4, 3},   {1, 2, 7, 1},
                             {8.9, 6, no, -1}, {8, 8, 0.5, 0}, {10, HUGE_VAL, 0, 0}};
-    const struct {
-        int maxSetNum, taken;
-        const char *chosen, *coverage;
-    } cases[] = {{6, 4, "1 2 3 5 0 0", "0.4 0.7 0.8 0.9 1 1"}, {2, 2, "1 2 9 9 9 9", "0.4 0.7 9 9 9 9"}};
-    for (const auto& c : cases) {
-        Doubles sets;
-        for (size_t column = 0; column < 4; ++column)
-            for (const Doubles& row : rows) sets.push_back(row[column]);
-        Ints chosen(6, 9);
-        Doubles coverage(6, 9);
-        EXPECT_EQ(setCover(sets.data(), 6, 4, c.maxSetNum, chosen.data(), coverage.data()), c.taken);
-        EXPECT_EQ(text(chosen), c.chosen);
-        EXPECT_EQ(text(coverage), c.coverage);
-        EXPECT_EQ(text(sets), "1 3 1 6 8 10 2 4 2 8 0 0 0 5 7 0 0 0 0 6 0 0 0 0") << "distinct, in order";
-    }
+    Doubles sets;
+    for (size_t column = 0; column < 4; ++column)
+        for (const Doubles& row : rows) sets.push_back(row[column]);
+    Ints chosen(6, 9);
+    Doubles coverage(6, 9);
+    EXPECT_EQ(setCover(sets.data(), 6, 4, 6, chosen.data(), coverage.data()), 4); // 9 is in no row
+    EXPECT_EQ(text(chosen), "1 2 3 5 0 0");
+    EXPECT_EQ(text(coverage), "0.4 0.7 0.8 0.9 1 1");
+    // Distinct elements in order, column after column.
+    EXPECT_EQ(text(sets), "1 3 1 6 8 10 2 4 2 8 0 0 0 5 7 0 0 0 0 6 0 0 0 0");
 }
 
-TEST(SetCover, EndsWithEverythingCovered) {
+TEST(SetCover, EndsWithEverythingCoveredOrEnoughSets) {
     double sets[] = {1, 2, 2, 3};
     int chosen[3];
     double coverage[3];
     EXPECT_EQ(setCover(sets, 2, 2, 3, chosen, coverage), 2);
+    EXPECT_EQ(setCover(sets, 2, 2, 1, chosen, coverage), 1);
     EXPECT_EQ(setCover(sets, 0, 2, 3, chosen, coverage), 0);
-    EXPECT_EQ(setCover(sets, 2, 2, -1, nullptr, nullptr), 0);
 }
 
 } // namespace

@@ -22,34 +22,29 @@ TEST(String, CaseIsThatOfTheAsciiLetters) {
 
 TEST(String, BlanksAndWhiteSpaceDiffer) {
     for (int code = 0; code < 256; ++code) {
-        const char c = static_cast<char>(code);
-        EXPECT_EQ(isBlank(c) != 0, "\0\t\n\r "s.find(c) != std::string::npos) << code;
-        EXPECT_EQ(str2tokenNum(&c, 1) == 0, "\t\n\v\f\r "s.find(c) != std::string::npos) << code;
+        const char c = char(code);
+        EXPECT_EQ(isBlank(c) != 0, "\0\t\n\r "s.find(c) < 5) << code;
+        EXPECT_EQ(str2tokenNum(&c, 1) == 0, "\t\n\v\f\r "s.find(c) < 6) << code;
     }
     EXPECT_EQ(edited("\v\ta c\n\f", stringTrimLeadingTrailingBlank), "a c");
     EXPECT_EQ(edited("\ta\f \n", [](auto& text) { cutTrailingBlank(text.data()); }), "\ta\f\0\0"s);
 }
 
 TEST(String, ReplacementsAreNotSearchedAgain) {
-    EXPECT_EQ(edited("baab", [](auto& text) { stringReplace(text, "a", "aa"); }), "baaaab");
-    EXPECT_EQ(edited("xaaaay", [](auto& text) { stringReplace(text, "aa", ""); }), "xy");
+    EXPECT_EQ(edited("baaab", [](auto& text) { stringReplace(text, "aa", "aaa"); }), "baaaab");
     EXPECT_EQ(edited("abc", [](auto& text) { stringReplace(text, "", "x"); }), "abc");
     EXPECT_EQ(edited("a/b/", [](auto& text) { strRep(text.data(), '/', '\0'); }), "a\0b/"s);
 }
 
-TEST(String, SplittingGivesOneFieldMoreThanDelimitersAndJoiningUndoesIt) {
-    const std::pair<std::string, List> cases[] = {
-        {"a,b,,c,", {"a", "b", "", "c", ""}}, {",", {"", ""}}, {"", {}}};
-    for (const auto& [whole, fields] : cases) {
-        List tokens{whole};
-        string2token(tokens[0], ',', tokens, 0);
-        EXPECT_EQ(tokens, fields) << whole;
-        strVecJoin(fields, ",", tokens.emplace_back());
-        EXPECT_EQ(tokens.back(), whole);
-    }
-    List tokens{"kept"};
-    string2token("a", ',', tokens, 2);
-    EXPECT_EQ(text(tokens), "kept a");
+TEST(String, SplittingGivesOneFieldMoreThanDelimiters) {
+    List tokens{"a,b,,c,"};
+    string2token(tokens[0], ',', tokens, 0);
+    EXPECT_EQ(tokens, (List{"a", "b", "", "c", ""}));
+    string2token("", ',', tokens, 0);
+    EXPECT_EQ(tokens, List());
+    string2token("d,", ',', tokens, 2);
+    string2token("e", ',', tokens, 2);
+    EXPECT_EQ(tokens, (List{"d", "", "e"})); // appended
 }
 
 TEST(String, WordsAreCountedUpToTheNewline) {
@@ -74,8 +69,6 @@ TEST(Lattice, FirstListVariesFastest) {
     List paths{"replaced"};
     getAllLatticePath({{"a", "b"}, {"x"}, {"1", "2"}}, paths);
     EXPECT_EQ(text(paths), "a-x-1 b-x-1 a-x-2 b-x-2");
-    getAllLatticePath({{"a"}, {}, {"x"}}, paths);
-    EXPECT_EQ(text(paths), "");
 }
 
 TEST(StringSearch, JudgesByTheFirstOccurrence) {
@@ -86,7 +79,7 @@ TEST(StringSearch, JudgesByTheFirstOccurrence) {
         strVecLinSearch(list, "ab", matches, matchPos);
         EXPECT_EQ(text(matches), found[matchPos]) << matchPos;
     }
-    EXPECT_EQ(fatalMessage([&] { strVecLinSearch(list, "z", matches, 4); }), "") << "no element, no error";
+    EXPECT_EQ(fatalMessage([&] { strVecLinSearch(list, "z", matches, 4); }), ""); // no element, no error
     EXPECT_EQ(fatalMessage([&] { strVecLinSearch(list, "ab", matches, 4); }),
               "Unknown matchPos in strVecLinSearch" + inUtility);
     EXPECT_EQ(strVecLinSearchFirstMatch(list, "xa"), 1);
@@ -102,13 +95,11 @@ TEST(StringSearch, BisectionFindsEqualElementsOrThoseThatBeginWithTheKey) {
     };
     EXPECT_EQ(found("ab", 0), "2");
     EXPECT_EQ(found("a", 0), "0");
-    EXPECT_EQ(found("b", 0), "4");
-    EXPECT_EQ(found("abc", 0), "");
+    EXPECT_EQ(found("ab\1", 0), "");
     EXPECT_EQ(found("a", 7), "2");
     EXPECT_EQ(found("\xE9", 7), "5");
-    EXPECT_EQ(found("abc", 7), "");
     EXPECT_EQ(strVecBinSearchSub0(sorted, 1, 3, "b"), -1);
-    EXPECT_EQ(strVecBinSearchSub1(sorted, INT_MIN, INT_MAX, "z"), -1);
+    EXPECT_EQ(strVecBinSearchSub1(sorted, INT_MIN, INT_MAX, "\xFF"), -1);
 }
 
 } // namespace
