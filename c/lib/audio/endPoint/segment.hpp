@@ -34,17 +34,12 @@ SEGMENT* segmentFind(const T* vec, int n, int* segNum);
 /// @param count  number of segments; nothing is printed for less than 1.
 void segmentPrint(const SEGMENT* segments, int count);
 
-class cAudioSegment {
-public:
-    static void segmentPrint(const SEGMENT* segments, int count);
-};
-
-namespace segmentDetail {
+namespace wavepitch::endPoint {
 
 /// Room for count segments, and for one where there are none.
-SEGMENT* allocate(int count);
+SEGMENT* allocateSegments(int count);
 
-} // namespace segmentDetail
+} // namespace wavepitch::endPoint
 
 template <typename T>
 SEGMENT* segmentFind(const T* vec, int n, int* segNum) {
@@ -54,7 +49,7 @@ SEGMENT* segmentFind(const T* vec, int n, int* segNum) {
     *segNum = 0;
     for (int i = 0; i < n; ++i)
         if (begins(i)) ++*segNum;
-    SEGMENT* const segments = segmentDetail::allocate(*segNum);
+    SEGMENT* const segments = wavepitch::endPoint::allocateSegments(*segNum);
     SEGMENT* segment = segments;
     for (int i = 0; i < n; ++i) {
         if (begins(i)) segment->begin = i;
