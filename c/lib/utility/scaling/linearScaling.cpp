@@ -15,6 +15,8 @@
 
 namespace {
 
+using namespace wavepitch::utility;
+
 /// Compares scale after scale until one is longer than the reference, and picks the best.
 ///
 /// @param lengthOf  the length of a scale.

@@ -11,6 +11,8 @@
 
 namespace {
 
+using wavepitch::utility::scaleRatio;
+
 /// An array of at least one element, so that null means that there is no memory.
 template <typename T>
 T* allocate(std::size_t rows, std::size_t columns) {
