@@ -5,7 +5,6 @@
 #include "utility/fatal.hpp"
 #include "utility/rounding.hpp"
 #include "utility/scaling/pointDistance.hpp"
-#include "utility/scaling/scaleGrid.hpp"
 #include "utility/vector/resample.hpp"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 
 #include "utility/fatal.hpp"
 #include "utility/rounding.hpp"
-#include "utility/scaling/scaleGrid.hpp"
 #include "utility/vector/resample.hpp"
 
 #include <algorithm>
