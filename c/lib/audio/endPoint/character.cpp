@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numeric>
 
 #include "mex.h"
@@ -53,8 +54,10 @@ std::vector<Span> coresOf(const Decibels& level, double threshold, int maxNum) {
     const SegmentArray segments(segmentFind(core.data(), static_cast<int>(core.size()), &coreNum));
     if (coreNum > maxNum) mexPrintf("Warning: some characters are not recorded due to limited length!\n");
     std::vector<Span> cores;
-    for (int i = 0; i < std::min(coreNum, maxNum); ++i)
-        cores.push_back({segments.get()[i].begin, segments.get()[i].end});
+    std::transform(segments.get(), segments.get() + std::min(coreNum, maxNum), std::back_inserter(cores),
+                   [](const SEGMENT& s) {
+                       return Span{s.begin, s.end};
+                   });
     return cores;
 }
 
