@@ -1,10 +1,10 @@
-#include "audio/endPoint/epdParam.hpp"
+#include "audio/endPoint/endPoint.hpp"
 
 #include "utility/rounding.hpp"
 
 #include "mex.h"
 
-void cAudioEpdParam::epdParamSet(int fs, EPDPARAM& epdParam) {
+void cAudioEndPoint::epdParamSet(int fs, EPDPARAM& epdParam) {
     epdParam.frameSize = truncateToInt(fs / 62.5);
     epdParam.overlap = 0;
     epdParam.volRatio = 10;
@@ -17,7 +17,7 @@ void cAudioEpdParam::epdParamSet(int fs, EPDPARAM& epdParam) {
     epdParam.minLastWordDuration = 0.1F;
 }
 
-void cAudioEpdParam::epdParamPrint(const EPDPARAM& epdParam) {
+void cAudioEndPoint::epdParamPrint(const EPDPARAM& epdParam) {
     mexPrintf("epdParam.frameSize=%d\n", epdParam.frameSize);
     mexPrintf("epdParam.overlap=%d\n", epdParam.overlap);
     mexPrintf("epdParam.volRatio=%d\n", epdParam.volRatio);

@@ -1,12 +1,14 @@
-// The whole frames of a waveform, one after the other: the ground of everything here that works frame by
-// frame.
+// The whole frames of a waveform, one after the other: the ground of everything that works frame by frame.
 #pragma once
 
 #include "audio/framing/framing.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
+
+namespace wavepitch::framing {
 
 /// Whole frames of a waveform: getFrameNum2, and 0 where that is negative or where frameSize or the step is
 /// below 1. Every one of them lies inside the waveform.
@@ -30,3 +32,5 @@ template <typename Value>
 std::vector<Value> valuePerFrame(int waveLen, int frameSize, int overlap) {
     return std::vector<Value>(static_cast<std::size_t>(wholeFrameNum(waveLen, frameSize, overlap)));
 }
+
+} // namespace wavepitch::framing

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace wavepitch::spectrum {
+
 /// Holds the frame under analysis and the sines and cosines of its size, for the length of one analysis. The
 /// results are those of fftComplex, bit for bit, console message included.
 template <typename T>
@@ -29,3 +31,5 @@ private:
     std::vector<T> real_, imag_;
     std::vector<T> twiddles_; // of all stages, one after the other
 };
+
+} // namespace wavepitch::spectrum
