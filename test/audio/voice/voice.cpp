@@ -6,7 +6,7 @@
 namespace {
 
 double glide(double t) {
-    return 80 * std::exp2(1.5 * t); // an octave and a half each second
+    return 100 * std::exp2(t); // an octave each second
 }
 
 double vibrato(double t) {
@@ -91,10 +91,12 @@ TEST(Voice, HalfTheRateGivesTheSamePitch) {
     ASSERT_EQ(whole.size(), decimated.size());
     size_t voicingDiffers = 0;
     for (size_t i = 0; i < whole.size(); ++i) {
-        if ((whole[i] > 0) != (decimated[i] > 0))
+        if ((whole[i] > 0) != (decimated[i] > 0)) {
             ++voicingDiffers;
-        else if (whole[i] > 0)
-            EXPECT_LT(std::abs(cents(whole[i], decimated[i])), 3) << "frame " << i;
+            continue;
+        }
+        if (whole[i] == 0) continue;
+        EXPECT_LT(std::abs(cents(whole[i], decimated[i])), 3) << "frame " << i;
     }
     EXPECT_LT(voicingDiffers, whole.size() / 200);
 }
@@ -144,13 +146,13 @@ TEST(Voice, RatesRangesAndFrameRatesOfEverySizeWork) {
                 param.minFreq = minFreq;
                 param.maxFreq = voiceSizes(1, param).lagRate / 4;
                 Ints wave;
-                for (const double x : voiceOf([](double) { return 150.0; }, 2.2, fs))
+                for (const double x : voiceOf([](double) { return 150.0; }, 1.2, fs))
                     wave.push_back(static_cast<int>(1e9 * x));
                 const Doubles f0 = pitchOf(wave, param);
                 for (size_t i = 0; i < f0.size(); ++i) {
                     const double t = static_cast<double>(i) / frameRate;
-                    if (t > 0.05 && t < 2.1)
-                        ASSERT_NEAR(f0[i], 150, 0.2) << fs << ' ' << frameRate << ' ' << minFreq << ' ' << i;
+                    if (t < 0.05 || t > 1.1) continue;
+                    ASSERT_NEAR(f0[i], 150, 0.2) << fs << ' ' << frameRate << ' ' << minFreq << ' ' << i;
                 }
             }
 }
