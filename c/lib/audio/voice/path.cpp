@@ -1,0 +1,149 @@
+// The path of the highest score through the candidates and one unvoiced state of each frame:
+//   local gain    a candidate's strength, less a little for long lags, at which a period's multiples lie; for
+//   the
+//                 unvoiced state a threshold
+//   transition    costs between lags by the square of their distance in octaves, and between voiced and
+//   unvoiced forward pass  each state's score: its gain, and the best of the scores before it less the cost
+//   back-track    from the best score of the last frame
+// It is searched for twice. The first path tells where the voice lies, the median of its lags in octaves; the
+// second also takes from candidates far away from there.
+//
+// Pattern: P. Boersma, "Accurate short-term analysis of the fundamental frequency and the harmonics-to-noise
+// ratio of a sampled sound", Proceedings of the Institute of Phonetic Sciences Amsterdam 17, 1993.
+#include "audio/voice/path.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace wavepitch::voice {
+
+namespace {
+
+constexpr std::size_t states = voiceCandidateMax + 1; // the unvoiced one is the last
+
+/// What a candidate loses for where its lag lies, by octaves.
+struct Place {
+    double centre;      // octave of a lag without loss
+    double slope;       // for each octave of a longer lag; shorter ones gain as much
+    double freeOctaves; // around the centre
+    double squared;     // for the square of the octaves beyond
+
+    double loss(double octave) const {
+        const double d = octave - centre;
+        const double beyond = std::max(0.0, std::abs(d) - freeOctaves);
+        return slope * d + squared * beyond * beyond;
+    }
+};
+
+class Search {
+public:
+    Search(const std::vector<VOICECANDIDATES>& recording, const VOICEPARAM& parameters, double unvoicedGain)
+        : frames(recording), param(parameters), threshold(unvoicedGain), origin(recording.size()) {}
+
+    /// The best path with losses by place.
+    std::vector<std::uint8_t> run(const Place& place) {
+        Column previous{};
+        for (std::size_t i = 0; i < frames.size(); ++i) {
+            Column current = localGains(frames[i], place);
+            if (i > 0) extend(previous, current, origin[i]);
+            previous = current;
+        }
+        return backTrack(previous);
+    }
+
+private:
+    struct Column {
+        std::size_t num; // of candidates
+        std::array<double, voiceCandidateMax> octave;
+        std::array<double, voiceCandidateMax> score;
+        double unvoicedScore;
+    };
+
+    Column localGains(const VOICECANDIDATES& frame, const Place& place) const {
+        Column column{};
+        column.num = static_cast<std::size_t>(frame.num);
+        for (std::size_t j = 0; j < column.num; ++j) {
+            column.octave[j] = std::log2(static_cast<double>(frame.lag[j]));
+            column.score[j] = static_cast<double>(frame.strength[j]) - place.loss(column.octave[j]);
+        }
+        column.unvoicedScore = threshold;
+        return column;
+    }
+
+    /// Adds to the scores of a frame the best of those before it; of equals the first wins, candidates before
+    /// the unvoiced state.
+    void extend(const Column& previous, Column& current, std::array<std::uint8_t, states>& from) const {
+        for (std::size_t j = 0; j < current.num; ++j) {
+            double best = previous.unvoicedScore - param.voicingCost;
+            from[j] = unvoiced;
+            for (std::size_t k = 0; k < previous.num; ++k) {
+                const double step = current.octave[j] - previous.octave[k];
+                const double score = previous.score[k] - param.lagCost * step * step;
+                if (score < best || (score == best && from[j] != unvoiced)) continue;
+                best = score;
+                from[j] = static_cast<std::uint8_t>(k);
+            }
+            current.score[j] += best;
+        }
+        const auto end = bestEnd(previous, param.voicingCost);
+        from[voiceCandidateMax] = end.state;
+        current.unvoicedScore += end.score;
+    }
+
+    struct End {
+        double score;
+        std::uint8_t state;
+    };
+
+    /// The best state, if it is left for an unvoiced one at this cost.
+    static End bestEnd(const Column& column, double voicingCost) {
+        End end{column.unvoicedScore, unvoiced};
+        for (std::size_t k = 0; k < column.num; ++k) {
+            const double score = column.score[k] - voicingCost;
+            if (score < end.score || (score == end.score && end.state != unvoiced)) continue;
+            end = {score, static_cast<std::uint8_t>(k)};
+        }
+        return end;
+    }
+
+    std::vector<std::uint8_t> backTrack(const Column& last) const {
+        std::vector<std::uint8_t> path(frames.size());
+        std::uint8_t state = bestEnd(last, 0).state;
+        for (std::size_t i = frames.size(); i-- > 0;) {
+            path[i] = state;
+            state = origin[i][state == unvoiced ? std::size_t{voiceCandidateMax} : state];
+        }
+        return path;
+    }
+
+    const std::vector<VOICECANDIDATES>& frames;
+    const VOICEPARAM& param;
+    double threshold;
+    std::vector<std::array<std::uint8_t, states>> origin; // of each state, the best one before it
+};
+
+/// The median of the path's lags in octaves; of an even number the upper one. 0 for a path without any.
+double medianOctave(const std::vector<VOICECANDIDATES>& frames, const std::vector<std::uint8_t>& path) {
+    std::vector<float> lags;
+    for (std::size_t i = 0; i < path.size(); ++i)
+        if (path[i] != unvoiced) lags.push_back(frames[i].lag[path[i]]);
+    if (lags.empty()) return 0;
+    const auto middle = lags.begin() + static_cast<std::ptrdiff_t>(lags.size() / 2);
+    std::nth_element(lags.begin(), middle, lags.end());
+    return std::log2(static_cast<double>(*middle));
+}
+
+} // namespace
+
+std::vector<std::uint8_t> bestPath(const std::vector<VOICECANDIDATES>& frames, const Layout& layout,
+                                   const Character& character, const VOICEPARAM& param) {
+    const bool full = character.hasFundamental;
+    Search search(frames, param, full ? param.voicingThreshold : param.voicingThreshold - 0.05);
+    const double centre = std::log2(layout.rate / std::sqrt(param.minFreq * param.maxFreq));
+    const auto first = search.run({centre, full ? 0.1 : 0.03, 0, 0});
+    const double median = medianOctave(frames, first);
+    if (median <= 0) return first;
+    return search.run(full ? Place{median, 0.05, 0.7, 0.2} : Place{median, 0.03, 0, 0.1});
+}
+
+} // namespace wavepitch::voice

@@ -1,0 +1,83 @@
+#include "audio/voice/refinement.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace wavepitch::voice {
+
+namespace {
+
+constexpr double periodsAside = 2; // of the window, at each side
+
+Powers powersOf(double angle) {
+    const double re = std::cos(angle);
+    const double im = std::sin(angle);
+    double powerRe = 1;
+    double powerIm = 0;
+    Powers powers;
+    for (std::size_t k = 0; k <= harmonicLanes; ++k) {
+        powers.re[k] = static_cast<float>(powerRe);
+        powers.im[k] = static_cast<float>(powerIm);
+        const double turned = powerRe * re - powerIm * im;
+        powerIm = powerRe * im + powerIm * re;
+        powerRe = turned;
+    }
+    return powers;
+}
+
+double sumOfParts(const float* lanes, std::size_t parts) {
+    double sum = 0;
+    for (std::size_t p = 0; p < parts; ++p) sum += static_cast<double>(lanes[p]);
+    return sum;
+}
+
+} // namespace
+
+// A step may lower the frequency by a fifth, which makes the window longer.
+Refinement::Refinement(const Layout& layout)
+    : rate(layout.rate), bandTop(layout.bandTop),
+      work(4 *
+           (static_cast<std::size_t>(periodsAside * static_cast<double>(layout.maxLag()) / 0.8) /
+                harmonicLanes +
+            2) *
+           harmonicLanes),
+      kernel(harmonicSums()) {}
+
+double Refinement::step(const float* centre, double freq, std::size_t harmonics) {
+    const double angle = 2 * std::numbers::pi * freq / rate;
+    const Powers whole = powersOf(angle);
+    const Powers quarter = powersOf(angle / 4);
+    HarmonicSums sums;
+    kernel({.centre = centre,
+            .reach = static_cast<std::size_t>(periodsAside * rate / freq),
+            .num = harmonics,
+            .whole = &whole,
+            .quarter = &quarter,
+            .work = work.data()},
+           sums);
+    const std::size_t parts = harmonicLanes / harmonics;
+    double frequencies = 0; // in units of freq
+    double numbers = 0;
+    for (std::size_t q = 1; q <= harmonics && static_cast<double>(q) * freq <= bandTop; ++q) {
+        const std::size_t lane = (q - 1) * parts;
+        const double evenCos = sumOfParts(sums.evenCos + lane, parts);
+        const double oddSin = sumOfParts(sums.oddSin + lane, parts);
+        const double power = evenCos * evenCos + oddSin * oddSin;
+        if (!(power > 0)) continue;
+        const double offset = (sumOfParts(sums.evenSin + lane, parts) * evenCos -
+                               sumOfParts(sums.oddCos + lane, parts) * oddSin) /
+                              power;
+        const double magnitude = std::sqrt(power);
+        frequencies += magnitude * (static_cast<double>(q) - offset);
+        numbers += magnitude * static_cast<double>(q);
+    }
+    const double change = numbers > 0 ? frequencies / numbers : 1;
+    return std::abs(change - 1) <= 0.2 ? freq * change : freq;
+}
+
+double Refinement::refined(const float* centre, double freq) {
+    return step(centre, step(centre, freq, 4), 8);
+}
+
+} // namespace wavepitch::voice
