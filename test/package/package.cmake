@@ -21,8 +21,7 @@ function(packageTest name)
 endfunction()
 
 set(here ${CMAKE_CURRENT_SOURCE_DIR}/package)
-# The package's functions come before the module wave2pfMat, which shares its name with one of them.
-set(fromBuild --path ${PROJECT_SOURCE_DIR}/package/inst --path ${PROJECT_BINARY_DIR}/octave)
+set(fromBuild --path ${PROJECT_SOURCE_DIR}/package/inst --path ${PROJECT_BINARY_DIR}/octave/wavepitchLibrary)
 packageTest(badInputTest ${fromBuild} ${here}/badInput.m)
 packageTest(sameBitsTest ${fromBuild} ${here}/sameBits.m $<TARGET_FILE:libraryReference>
   ${PROJECT_SOURCE_DIR}/examples)
