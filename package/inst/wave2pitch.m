@@ -59,13 +59,8 @@
 % See also: ptParam, wave2pv, pitch2wave, endPoints
 
 function varargout = wave2pitch (varargin)
-  draw = @(in, out) drawPitch (in{1:2}, isInHz (in), out{:});
+  draw = @(in, out) drawPitch (in{1:2}, isInHz (in, false), out{:});
   varargout = resultOrPicture ("wave2pitch", varargin, nargout, 5, draw);
-end
-
-function inHz = isInHz (arguments)
-  unit = arguments(4:2:end)(strcmpi (arguments(3:2:end), "unit"));
-  inHz = ! isempty (unit) && strcmpi (unit{end}, "Hz");
 end
 
 %!shared fs, wave
