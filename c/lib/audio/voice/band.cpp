@@ -40,7 +40,7 @@ std::int64_t floorOf(std::int64_t a, std::int64_t b) {
 BandFilter::BandFilter(const Source& recording, const Layout& layout, double lowestFreq)
     : source(recording), decimation(layout.decimation),
       low(lowPass(layout.bandTop / (layout.rate * static_cast<double>(layout.decimation)),
-                  tapsFor(8 / layout.bandTop, layout.rate) * layout.decimation),
+                  tapsFor(4 / layout.bandTop, layout.rate) * layout.decimation),
           layout.decimation),
       slowPart(lowPass(lowestFreq / layout.rate, tapsFor(0.96 / lowestFreq, layout.rate)),
                slowStep(layout.rate, lowestFreq)),

@@ -1,9 +1,8 @@
 // The path of the highest score through the candidates and one unvoiced state of each frame:
-//   local gain    a candidate's strength, less a little for long lags, at which a period's multiples lie; for
-//   the
+//   local gain    a candidate's strength, less a little for long lags, as multiples of a period are; for the
 //                 unvoiced state a threshold
-//   transition    costs between lags by the square of their distance in octaves, and between voiced and
-//   unvoiced forward pass  each state's score: its gain, and the best of the scores before it less the cost
+//   transition    a cost between lags by the square of their distance in octaves, one between voiced and not
+//   forward pass  each state's score: its gain, and the best of the scores before it less the cost
 //   back-track    from the best score of the last frame
 // It is searched for twice. The first path tells where the voice lies, the median of its lags in octaves; the
 // second also takes from candidates far away from there.

@@ -80,4 +80,27 @@ double Refinement::refined(const float* centre, double freq) {
     return step(centre, step(centre, freq, 4), 8);
 }
 
+void refine(const std::vector<std::uint8_t>& path, const std::vector<VOICECANDIDATES>& candidates, Band& band,
+            const Layout& layout, const Results& results) {
+    Refinement refinement(layout);
+    // On voices whose pitch is known, the frequencies a millisecond later have the smallest error.
+    const auto delay = static_cast<std::int64_t>(std::llround(0.001 * layout.rate));
+    const auto reach = static_cast<std::int64_t>(refinement.reach());
+    const std::size_t frames = layout.framesOfPiece();
+    for (std::size_t first = 0; first < layout.frameNum; first += frames) {
+        const std::size_t last = std::min(first + frames, layout.frameNum) - 1;
+        const std::int64_t from = layout.centre(first) + delay - reach;
+        const std::int64_t to = layout.centre(last) + delay + reach;
+        const float* x = band.read(from, static_cast<std::size_t>(to - from) + 1);
+        for (std::size_t i = first; i <= last; ++i) {
+            if (path[i] == unvoiced) continue;
+            const VOICECANDIDATES& frame = candidates[i];
+            const double freq = layout.rate / static_cast<double>(frame.lag[path[i]]);
+            results.f0[i] = refinement.refined(x + (layout.centre(i) + delay - from), freq);
+            if (results.strength)
+                results.strength[i] = std::clamp(static_cast<double>(frame.strength[path[i]]), 0.0, 1.0);
+        }
+    }
+}
+
 } // namespace wavepitch::voice

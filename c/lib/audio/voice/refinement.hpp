@@ -3,6 +3,8 @@
 
 #include "audio/voice/band.hpp"
 #include "audio/voice/kernel/harmonics.hpp"
+#include "audio/voice/path.hpp"
+#include "audio/voice/track.hpp"
 
 namespace wavepitch::voice {
 
@@ -36,5 +38,9 @@ private:
     std::vector<float> work;
     void (*kernel)(const Harmonics&, HarmonicSums&);
 };
+
+/// The frequencies and strengths of the frames along the path, into the results; unvoiced ones are left.
+void refine(const std::vector<std::uint8_t>& path, const std::vector<VOICECANDIDATES>& candidates, Band& band,
+            const Layout& layout, const Results& results);
 
 } // namespace wavepitch::voice

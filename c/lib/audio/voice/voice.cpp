@@ -18,30 +18,6 @@ namespace wavepitch::voice {
 
 namespace {
 
-/// Frequencies and strengths along the path.
-void follow(const std::vector<std::uint8_t>& path, const std::vector<VOICECANDIDATES>& candidates, Band& band,
-            const Layout& layout, const Results& results) {
-    Refinement refinement(layout);
-    // The band signal a little later tells more of a frame's pitch: its vowel rings after each closure.
-    const auto delay = static_cast<std::int64_t>(std::llround(0.001 * layout.rate));
-    const auto reach = static_cast<std::int64_t>(refinement.reach());
-    const std::size_t frames = layout.framesOfPiece();
-    for (std::size_t first = 0; first < layout.frameNum; first += frames) {
-        const std::size_t last = std::min(first + frames, layout.frameNum) - 1;
-        const std::int64_t from = layout.centre(first) + delay - reach;
-        const std::int64_t to = layout.centre(last) + delay + reach;
-        const float* x = band.read(from, static_cast<std::size_t>(to - from) + 1);
-        for (std::size_t i = first; i <= last; ++i) {
-            if (path[i] == unvoiced) continue;
-            const VOICECANDIDATES& frame = candidates[i];
-            const double freq = layout.rate / static_cast<double>(frame.lag[path[i]]);
-            results.f0[i] = refinement.refined(x + (layout.centre(i) + delay - from), freq);
-            if (results.strength)
-                results.strength[i] = std::clamp(static_cast<double>(frame.strength[path[i]]), 0.0, 1.0);
-        }
-    }
-}
-
 void clear(const Layout& layout, const Results& results) {
     std::fill_n(results.f0, layout.frameNum, 0.0);
     if (results.strength) std::fill_n(results.strength, layout.frameNum, 0.0);
@@ -60,7 +36,8 @@ void track(const Source& source, const Layout& layout, const VOICEPARAM& param, 
     if (!(character.loudPower > 0)) return;
     const auto candidates = findCandidates(band, layout, character, param, results.correlation);
     if (results.candidates) std::copy(candidates.begin(), candidates.end(), results.candidates);
-    follow(bestPath(candidates, layout, character, param), candidates, band, layout, results);
+    const auto path = bestPath(candidates, layout, character, param);
+    refine(path, candidates, band, layout, results);
 }
 
 } // namespace wavepitch::voice

@@ -15,8 +15,8 @@ struct VOICEPARAM {
 
     double frameRate = 100; ///< frames per second: 1 to 1000
 
-    double voicingThreshold = 0.45; ///< strength from which a frame counts as voiced, 0 to 1; 0.05 lower
-                                    ///< where the recording has no fundamental
+    double voicingThreshold = 0.45;  ///< strength from which a frame counts as voiced, 0 to 1; 0.05 lower
+                                     ///< where the recording has no fundamental
     double candidateThreshold = 0.2; ///< least strength of a candidate, 0 to 1
     double voicingCost = 0.3; ///< of a change between voiced and unvoiced, in units of strength, 0 or more
     double lagCost = 2;       ///< of a step between lags, for an octave, by the square of the step, 0 or more

@@ -59,16 +59,40 @@ struct Windows {
     }
 };
 
+/// Several lags, the first of which has an even sum with windowLen: from lag to lag the second window moves
+/// on by a sample, then the first one back, in turn, so that each sample read serves two lags.
+template <std::size_t lags>
 void correlate(const Correlation& task, std::size_t row, std::size_t f) {
     const Windows at(task, task.firstLag + row);
     const float* x = task.samples + f + at.first * frames;
     const float* y = task.samples + f + at.second * frames;
-    Floats sum = {};
-    for (std::size_t j = 0; j < task.windowLen; ++j)
-        sum += floatsAt(x + j * frames) * floatsAt(y + j * frames);
-    const Floats energy =
-        floatsAt(task.energies + at.first * frames + f) + floatsAt(task.energies + at.second * frames + f);
-    store((sum + sum) / energy, task.values + row * frames + f);
+    Floats sums[lags] = {};
+    for (std::size_t j = 0; j < task.windowLen; ++j, x += frames, y += frames) {
+#pragma GCC unroll 8
+        for (std::size_t i = 0; i < lags; ++i)
+            sums[i] += floatsAt(x - i / 2 * frames) * floatsAt(y + (i + 1) / 2 * frames);
+    }
+    const float* energies = task.energies + f;
+    for (std::size_t i = 0; i < lags; ++i) {
+        const Floats energy = floatsAt(energies + (at.first - i / 2) * frames) +
+                              floatsAt(energies + (at.second + (i + 1) / 2) * frames);
+        store((sums[i] + sums[i]) / energy, task.values + (row + i) * frames + f);
+    }
+}
+
+void correlateAll(const Correlation& task, std::size_t f) {
+    std::size_t row = (task.windowLen + task.firstLag) % 2;
+    if (row == 1) correlate<1>(task, 0, f);
+    for (; row + 8 <= task.lagNum; row += 8) correlate<8>(task, row, f);
+    if (row + 4 <= task.lagNum) {
+        correlate<4>(task, row, f);
+        row += 4;
+    }
+    if (row + 2 <= task.lagNum) {
+        correlate<2>(task, row, f);
+        row += 2;
+    }
+    if (row < task.lagNum) correlate<1>(task, row, f);
 }
 
 void markMaxima(const Correlation& task, std::size_t f) {
@@ -94,7 +118,7 @@ void wavepitch::voice::correlationOf(const Correlation& task) {
     turn(task);
     sumEnergies(task);
     for (std::size_t f = 0; f < frames; f += lanes) {
-        for (std::size_t row = 0; row < task.lagNum; ++row) correlate(task, row, f);
+        correlateAll(task, f);
         markMaxima(task, f);
     }
 }

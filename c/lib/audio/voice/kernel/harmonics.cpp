@@ -92,12 +92,11 @@ inline Lanes<float, bytes> repeated(const float* from) {
         return reinterpret_cast<Lanes<float, bytes>>(Lanes<unsigned long long, bytes>{} + both);
     } else {
         const auto x = load<float, 16>(from);
-        if constexpr (bytes == 16)
-            return x;
-        else if constexpr (bytes == 32)
-            return __builtin_shufflevector(x, x, 0, 1, 2, 3, 0, 1, 2, 3);
-        else
-            return __builtin_shufflevector(x, x, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3);
+        if constexpr (bytes == 16) return x;
+        const auto twice = __builtin_shufflevector(x, x, 0, 1, 2, 3, 0, 1, 2, 3);
+        if constexpr (bytes == 32) return twice;
+        if constexpr (bytes == 64)
+            return __builtin_shufflevector(twice, twice, 0, 1, 2, 3, 4, 5, 6, 7, 0, 1, 2, 3, 4, 5, 6, 7);
     }
 }
 
