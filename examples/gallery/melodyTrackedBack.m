@@ -1,4 +1,5 @@
-% A melody, synthesised from notes and tracked back from its sound.
+% A melody, synthesised from notes and tracked back from its sound.  Synthesis takes whole samples for a period: the
+% sound lies up to a sixth of a semitone beside the note, and so does its pitch.
 
 fs = 16000;
 note = [60 60 67 67 69 69 67 65 65 64 64 62 62 60];

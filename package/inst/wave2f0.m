@@ -4,11 +4,11 @@
 %
 % Without an output, draws the waveform, and the curve over the spectrogram.
 %
-% Take wave2f0 to measure speech and singing in real recordings, in noise and on the telephone, too: it tells
-% voiced from unvoiced and finds frequencies between whole lags.  Take wave2pitch to work with the pitch
-% function itself: it tracks whole lags over the AMDF or ACF of integer samples, hands out that matrix, and has
-% every step of its search as an option.  Both give the same result whenever they are called, whichever
-% instructions the processor has.
+% Take wave2f0 to measure speech and singing in real recordings, in noise and on the telephone, too: it finds
+% frequencies between whole lags, and decides on voiced or unvoiced by the whole course of the voice.  Take
+% wave2pitch to work with the pitch function itself: it tracks whole lags over the AMDF or ACF of integer samples,
+% hands out that matrix, and has every step of its search as an option.  That matrix is the same to the last bit on
+% every processor; the results of wave2f0 are so with one C library, whichever instructions the processor has.
 %
 % Inputs
 %   WAVE       recording of one voice in one channel, a row or a column of at least one sample: class double or
@@ -36,8 +36,8 @@
 %
 % Example
 %   fs = 16000;
-%   wave = pitch2wave (57 + sin ((1:150) / 5), 100, fs);
-%   [f0, time] = wave2f0 (wave, fs, "minF0", 100, "maxF0", 500);
+%   phase = cumsum (2 * pi / fs * (220 + 15 * sin (2 * pi * 5 * (1:fs) / fs)));  % a vibrato
+%   [f0, time] = wave2f0 (sin (phase) + sin (2 * phase) / 2, fs, "minF0", 100, "maxF0", 500);
 %   plot (time, f0, ".")
 %
 % See also: wave2pitch, endPoints, freq2pitch
