@@ -2,8 +2,7 @@
 #include "audio/voice/made.hpp"
 
 #include "audio/voice/candidates.hpp"
-#include "audio/voice/kernel/harmonics.hpp"
-#include "audio/voice/path.hpp"
+#include "audio/voice/refinement.hpp"
 
 namespace {
 
@@ -187,6 +186,18 @@ TEST(VoiceHarmonics, EveryVersionEqualsThePlainSums) {
         }
 }
 
+TEST(VoiceRefinement, FindsTheFrequencyFromTheLagBeside) {
+    const VOICEPARAM param = at(8000);
+    const Layout layout(8000, param);
+    for (const double freq : {62.0, 118.5, 251.3, 480.0, 777.0}) {
+        const Doubles tone = voiceOf([&](double) { return freq; }, 1, 8000);
+        const Floats x(tone.begin(), tone.end());
+        for (const double start : {0.97, 1.0, 1.03})
+            EXPECT_NEAR(cents(Refinement(layout).refined(&x[4000], start * freq), freq), 0, 1)
+                << freq << ' ' << start;
+    }
+}
+
 using Path = std::vector<std::uint8_t>;
 using Loss = std::function<double(double)>;
 
@@ -247,9 +258,16 @@ TEST(VoicePath, IsTheBestOfAllPaths) {
             if (first[i] != unvoiced)
                 octaves.push_back(std::log2(static_cast<double>(frames[i].lag[first[i]])));
         std::sort(octaves.begin(), octaves.end());
-        const double median = octaves.empty() ? 0 : octaves[octaves.size() / 2];
+        const auto octaveAt = [&](double share) {
+            return octaves.empty()
+                       ? 0
+                       : octaves[static_cast<size_t>(share * static_cast<double>(octaves.size()))];
+        };
+        const double median = octaveAt(0.5);
+        const double low = std::min(median - 0.7, octaveAt(0.1));
+        const double high = std::max(median + 0.7, octaveAt(0.9));
         const Path second = plainPath(frames, param, [&](double x) {
-            const double far = std::max(0.0, std::abs(x - median) - 0.7);
+            const double far = std::max({0.0, low - x, x - high});
             return 0.05 * (x - median) + 0.2 * far * far;
         });
         EXPECT_EQ(bestPath(frames, layout, {1, true}, param), octaves.empty() ? first : second)

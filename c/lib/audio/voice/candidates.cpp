@@ -8,15 +8,22 @@ namespace wavepitch::voice {
 
 namespace {
 
-/// A new candidate behind those there are; when all places are taken, the weakest has to go.
+/// What decides between candidates when there is no room for all: strength, a tenth less for each octave, as
+/// a period's multiples are as strong as it is.
+float rank(float lag, float strength) {
+    return strength - 0.1F * std::log2(lag);
+}
+
+/// A new candidate behind those there are; when all places are taken, the last in rank has to go.
 void add(VOICECANDIDATES& frame, float lag, float strength) {
     int place = frame.num;
     if (place == voiceCandidateMax) {
-        const auto weakest = std::min_element(frame.strength, frame.strength + place);
-        if (strength <= *weakest) return;
-        const auto gap = weakest - frame.strength;
-        std::copy(frame.lag + gap + 1, frame.lag + place, frame.lag + gap);
-        std::copy(frame.strength + gap + 1, frame.strength + place, frame.strength + gap);
+        int last = 0;
+        for (int k = 1; k < place; ++k)
+            if (rank(frame.lag[k], frame.strength[k]) < rank(frame.lag[last], frame.strength[last])) last = k;
+        if (rank(lag, strength) <= rank(frame.lag[last], frame.strength[last])) return;
+        std::copy(frame.lag + last + 1, frame.lag + place, frame.lag + last);
+        std::copy(frame.strength + last + 1, frame.strength + place, frame.strength + last);
         --place;
     }
     frame.lag[place] = lag;

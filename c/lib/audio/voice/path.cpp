@@ -4,8 +4,8 @@
 //   transition    a cost between lags by the square of their distance in octaves, one between voiced and not
 //   forward pass  each state's score: its gain, and the best of the scores before it less the cost
 //   back-track    from the best score of the last frame
-// It is searched for twice. The first path tells where the voice lies, the median of its lags in octaves; the
-// second also takes from candidates far away from there.
+// It is searched for twice. The first path tells where the voice lies; the second also takes from candidates
+// far away from there.
 //
 // Pattern: P. Boersma, "Accurate short-term analysis of the fundamental frequency and the harmonics-to-noise
 // ratio of a sampled sound", Proceedings of the Institute of Phonetic Sciences Amsterdam 17, 1993.
@@ -22,15 +22,15 @@ constexpr std::size_t states = voiceCandidateMax + 1; // the unvoiced one is the
 
 /// What a candidate loses for where its lag lies, by octaves.
 struct Place {
-    double centre;      // octave of a lag without loss
-    double slope;       // for each octave of a longer lag; shorter ones gain as much
-    double freeOctaves; // around the centre
-    double squared;     // for the square of the octaves beyond
+    double centre; // octave of a lag without loss
+    double slope;  // for each octave of a longer lag; shorter ones gain as much
+    double low;    // the voice's range
+    double high;
+    double squared; // for the square of the octaves beyond the range
 
     double loss(double octave) const {
-        const double d = octave - centre;
-        const double beyond = std::max(0.0, std::abs(d) - freeOctaves);
-        return slope * d + squared * beyond * beyond;
+        const double beyond = std::max({low - octave, octave - high, 0.0});
+        return slope * (octave - centre) + squared * beyond * beyond;
     }
 };
 
@@ -121,15 +121,27 @@ private:
     std::vector<std::array<std::uint8_t, states>> origin; // of each state, the best one before it
 };
 
-/// The median of the path's lags in octaves; of an even number the upper one. 0 for a path without any.
-double medianOctave(const std::vector<VOICECANDIDATES>& frames, const std::vector<std::uint8_t>& path) {
+/// The lags along a path.
+std::vector<float> lagsOf(const std::vector<VOICECANDIDATES>& frames, const std::vector<std::uint8_t>& path) {
     std::vector<float> lags;
     for (std::size_t i = 0; i < path.size(); ++i)
         if (path[i] != unvoiced) lags.push_back(frames[i].lag[path[i]]);
-    if (lags.empty()) return 0;
-    const auto middle = lags.begin() + static_cast<std::ptrdiff_t>(lags.size() / 2);
-    std::nth_element(lags.begin(), middle, lags.end());
-    return std::log2(static_cast<double>(*middle));
+    return lags;
+}
+
+/// The octave that a share of the lags lie below.
+double octaveAt(std::vector<float>& lags, std::size_t percent) {
+    const auto at = lags.begin() + static_cast<std::ptrdiff_t>(lags.size() * percent / 100);
+    std::nth_element(lags.begin(), at, lags.end());
+    return std::log2(static_cast<double>(*at));
+}
+
+/// The place of a voice with these lags: speech lies around their median; a melody has a range of its own.
+Place placeOf(std::vector<float>& lags, bool hasFundamental) {
+    const double median = octaveAt(lags, 50);
+    if (!hasFundamental) return {median, 0.03, median, median, 0.1};
+    return {median, 0.05, std::min(median - 0.7, octaveAt(lags, 10)),
+            std::max(median + 0.7, octaveAt(lags, 90)), 0.2};
 }
 
 } // namespace
@@ -139,10 +151,9 @@ std::vector<std::uint8_t> bestPath(const std::vector<VOICECANDIDATES>& frames, c
     const bool full = character.hasFundamental;
     Search search(frames, param, full ? param.voicingThreshold : param.voicingThreshold - 0.05);
     const double centre = std::log2(layout.rate / std::sqrt(param.minFreq * param.maxFreq));
-    const auto first = search.run({centre, full ? 0.1 : 0.03, 0, 0});
-    const double median = medianOctave(frames, first);
-    if (median <= 0) return first;
-    return search.run(full ? Place{median, 0.05, 0.7, 0.2} : Place{median, 0.03, 0, 0.1});
+    auto first = search.run({centre, full ? 0.1 : 0.03, 0, 0, 0});
+    std::vector<float> lags = lagsOf(frames, first);
+    return lags.empty() ? first : search.run(placeOf(lags, full));
 }
 
 } // namespace wavepitch::voice

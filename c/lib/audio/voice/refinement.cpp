@@ -8,7 +8,9 @@ namespace wavepitch::voice {
 
 namespace {
 
-constexpr double periodsAside = 2; // of the window, at each side
+// The window reaches two periods to each side, for high voices a time in which noise averages out.
+constexpr double periodsAside = 2;
+constexpr double leastAside = 0.004; // seconds
 
 Powers powersOf(double angle) {
     const double re = std::cos(angle);
@@ -45,18 +47,19 @@ Refinement::Refinement(const Layout& layout)
       kernel(harmonicSums()) {}
 
 double Refinement::step(const float* centre, double freq, std::size_t harmonics) {
-    const double angle = 2 * std::numbers::pi * freq / rate;
-    const Powers whole = powersOf(angle);
-    const Powers quarter = powersOf(angle / 4);
+    const double aside = std::max(periodsAside / freq, leastAside) * rate;
+    const Powers fundamental = powersOf(2 * std::numbers::pi * freq / rate);
+    const Powers window = powersOf(std::numbers::pi / aside);
     HarmonicSums sums;
     kernel({.centre = centre,
-            .reach = static_cast<std::size_t>(periodsAside * rate / freq),
+            .reach = static_cast<std::size_t>(aside),
             .num = harmonics,
-            .whole = &whole,
-            .quarter = &quarter,
+            .fundamental = &fundamental,
+            .window = &window,
             .work = work.data()},
            sums);
     const std::size_t parts = harmonicLanes / harmonics;
+    const double unit = 2 * rate / (aside * freq);
     double frequencies = 0; // in units of freq
     double numbers = 0;
     for (std::size_t q = 1; q <= harmonics && static_cast<double>(q) * freq <= bandTop; ++q) {
@@ -69,7 +72,7 @@ double Refinement::step(const float* centre, double freq, std::size_t harmonics)
                                sumOfParts(sums.oddCos + lane, parts) * oddSin) /
                               power;
         const double magnitude = std::sqrt(power);
-        frequencies += magnitude * (static_cast<double>(q) - offset);
+        frequencies += magnitude * (static_cast<double>(q) - offset * unit);
         numbers += magnitude * static_cast<double>(q);
     }
     const double change = numbers > 0 ? frequencies / numbers : 1;

@@ -59,11 +59,11 @@ struct Products {
 };
 
 void window(const Harmonics& task, const Products& products) {
-    const Powers& quarter = *task.quarter;
+    const Powers& slow = *task.window;
     for (std::size_t r = 0; r < registers; ++r) {
-        Rotor angle{floatsAt(quarter.re + r * lanes), floatsAt(quarter.im + r * lanes)};
-        const Floats byRe = Floats{} + quarter.re[sumLanes];
-        const Floats byIm = Floats{} + quarter.im[sumLanes];
+        Rotor angle{floatsAt(slow.re + r * lanes), floatsAt(slow.im + r * lanes)};
+        const Floats byRe = Floats{} + slow.re[sumLanes];
+        const Floats byIm = Floats{} + slow.im[sumLanes];
         for (std::size_t n = r * lanes; n < products.length; n += sumLanes) {
             const Floats later = floatsAt(task.centre + n);
             const Floats earlier = reversed<ownBytes>(floatsAt(task.centre - n - (lanes - 1)));
@@ -102,14 +102,14 @@ inline Lanes<float, bytes> repeated(const float* from) {
 
 template <std::size_t parts>
 void sum(const Harmonics& task, const Products& products, HarmonicSums& sums) {
-    const Powers& whole = *task.whole;
+    const Powers& fundamental = *task.fundamental;
     HarmonicSums start; // angles of the lanes at the first step, and what each step turns them by
     for (std::size_t lane = 0; lane < sumLanes; ++lane) {
         const std::size_t q = lane / parts + 1;
-        start.evenCos[lane] = whole.re[q * (lane % parts)];
-        start.oddSin[lane] = whole.im[q * (lane % parts)];
-        start.oddCos[lane] = whole.re[q * parts];
-        start.evenSin[lane] = whole.im[q * parts];
+        start.evenCos[lane] = fundamental.re[q * (lane % parts)];
+        start.oddSin[lane] = fundamental.im[q * (lane % parts)];
+        start.oddCos[lane] = fundamental.re[q * parts];
+        start.evenSin[lane] = fundamental.im[q * parts];
     }
     for (std::size_t r = 0; r < sumLanes; r += lanes) {
         Rotor angle{floatsAt(start.evenCos + r), floatsAt(start.oddSin + r)};

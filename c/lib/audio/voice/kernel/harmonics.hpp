@@ -17,16 +17,16 @@ struct Powers {
 };
 
 struct Harmonics {
-    const float* centre;   ///< the samples -reach to reach around it count; harmonicLanes more can be read
-    std::size_t reach;     ///< at each side
-    std::size_t num;       ///< of harmonics: 4 or 8
-    const Powers* whole;   ///< of e^(i w), w the angle of the fundamental in one sample
-    const Powers* quarter; ///< of e^(i w / 4)
+    const float* centre; ///< the samples -reach to reach around it count; harmonicLanes more can be read
+    std::size_t reach;   ///< at each side
+    std::size_t num;     ///< of harmonics: 4 or 8
+    const Powers* fundamental; ///< of e^(i w), w the angle of the fundamental in one sample
+    const Powers* window;      ///< of e^(i a), a the angle pi by half the window's length
     float* work; ///< work space: 4 times as many as reach, rounded up to more than it by whole harmonicLanes
 };
 
-/// With v(n) = 0.42 + 0.5 cos(n w / 4) + 0.08 cos(n w / 2), a Blackman window of four periods, and
-/// d(n) = -v'(n) / w, for harmonic q the sums over n from 0 to reach of
+/// With v(n) = 0.42 + 0.5 cos(n a) + 0.08 cos(2 n a), a Blackman window, and d(n) = -v'(n) / (4 a), for
+/// harmonic q the sums over n from 0 to reach of
 ///   evenCos  v(n) (x(n) + x(-n)) cos(q w n), the sample in the centre once
 ///   oddSin   v(n) (x(n) - x(-n)) sin(q w n)
 ///   oddCos   d(n) (x(n) - x(-n)) cos(q w n)
