@@ -130,12 +130,11 @@ void checkPitchParam(const Call& call, const PTPARAM& param, const PTPARAM& usua
     for (const Field& field : fields) {
         const double value = valueOf(param, field);
         if (value >= field.least && value <= field.most) continue;
-        const std::string name = upperCase(field.name);
-        const std::string range = "must be from " + textOf(field.least) + " to " + textOf(field.most);
+        const std::string range = " must be from " + textOf(field.least) + " to " + textOf(field.most);
         if (value == valueOf(usual, field)) // nobody gave it
-            call.refuse("FS = " + std::to_string(usual.fs) + " makes " + name + " = " + textOf(value) +
-                        ", which " + range);
-        call.refuse(name + " " + range + ", not " + textOf(value));
+            call.refuse("FS = " + textOf(usual.fs) + " makes " + upperCase(field.name) + " = " +
+                        textOf(value) + ", which" + range);
+        call.refuse(upperCase(field.name) + range + ", not " + textOf(value));
     }
     if (param.pfType != PF_AMDF && param.pfType != PF_ACF)
         call.refuse("PFTYPE must be 0 or 1, not " + std::to_string(param.pfType));

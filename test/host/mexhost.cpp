@@ -16,7 +16,6 @@ const std::string probe = MEXHOST_PROBE " ";
 const std::string module = MEXHOST_WAVE2PFMAT " ";
 const std::string library = MEXHOST_LIBRARY " ";
 const std::string speech = WAVEPITCH_EXAMPLES "/speech8k.wav ";
-const std::string directory = testing::TempDir() + "mexhost-" + std::to_string(getpid()) + "-";
 
 std::string contents(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -24,8 +23,8 @@ std::string contents(const std::string& path) {
 }
 
 std::string written(const std::string& name, const std::string& text) {
-    std::ofstream(directory + name) << text;
-    return directory + name;
+    std::ofstream(name) << text;
+    return name;
 }
 
 struct Result {
@@ -34,10 +33,8 @@ struct Result {
 };
 
 Result mexhost(const std::string& arguments) {
-    const std::string out = directory + "out";
-    const std::string err = directory + "err";
-    const int status = std::system((MEXHOST_PROGRAM " " + arguments + " >" + out + " 2>" + err).c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(out), contents(err)};
+    const int status = std::system((MEXHOST_PROGRAM " " + arguments + " >out 2>err").c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents("out"), contents("err")};
 }
 
 TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
@@ -100,7 +97,7 @@ TEST(Mexhost, DrawsWhateverComesOut) {
                                      "' --rate 8000",
                                  probe + "0 " + written("row.csv", "1,2,3"),
                                  probe + "0 " + written("nan.csv", "nan nan\nnan nan")};
-    const std::string path = directory + "picture.png";
+    const std::string path = "picture.png";
     for (const std::string& call : calls) {
         std::remove(path.c_str());
         const Result result = mexhost(call + " --png " + path);

@@ -2,6 +2,8 @@
 // its kernel, beside plain loops, on values that let a processor guess the comparisons and on random ones.
 #include "audio/audio.hpp"
 
+#include "support/kernelVersion.hpp"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -73,9 +75,8 @@ void kernel(benchmark::State& state, const char* version) {
     Frames frames(state.range(0) != 0);
     const PTPARAM ptParam = parameters();
     std::vector<double> pitch(frameNum);
-    setenv("WAVEPITCH_KERNEL", version, 1);
+    const KernelVersion chosen(version);
     for (auto _ : state) A2pitchByDp(frames.A.data(), frameNum, ptParam, pitch.data());
-    unsetenv("WAVEPITCH_KERNEL");
     perFrame(state);
 }
 
