@@ -40,9 +40,9 @@ void sumEnergies(const Correlation& task) {
         Doubles sum = {};
         for (std::size_t t = 0; t < task.windowLen; ++t) sum += square(t, f);
         for (std::size_t t = 0; t < task.firstLag + task.lagNum; ++t) {
+            if (t > 0) sum += square(t - 1 + task.windowLen, f) - square(t - 1, f);
             const auto narrow = __builtin_convertvector(sum + task.floor, Lanes<float, ownBytes / 2>);
             __builtin_memcpy(task.energies + t * frames + f, &narrow, sizeof narrow);
-            sum += square(t + task.windowLen, f) - square(t, f);
         }
     }
 }
