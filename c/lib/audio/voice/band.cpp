@@ -104,7 +104,9 @@ Band::Band(BandFilter filterToUse, const Layout& layout, std::size_t most) : fil
 }
 
 const float* Band::read(std::int64_t first, std::size_t num) {
-    if (!kept.empty()) return kept.data() + (first - keptFrom);
+    const std::int64_t end = first + static_cast<std::int64_t>(num);
+    if (first >= keptFrom && end <= keptFrom + static_cast<std::int64_t>(kept.size()))
+        return kept.data() + (first - keptFrom);
     piece.resize(num);
     filter.run(first, num, piece.data());
     return piece.data();

@@ -46,7 +46,7 @@ public:
 private:
     BandFilter filter;
     std::int64_t keptFrom;
-    std::vector<float> kept; // all that can be asked for, or nothing
+    std::vector<float> kept; // all that frames ask for, or nothing
     std::vector<float> piece;
 };
 

@@ -59,6 +59,7 @@ double Refinement::step(const float* centre, double freq, std::size_t harmonics)
             .work = work.data()},
            sums);
     const std::size_t parts = harmonicLanes / harmonics;
+    // The sums stand for the window's derivative by four times its angle, pi / aside.
     const double unit = 2 * rate / (aside * freq);
     double frequencies = 0; // in units of freq
     double numbers = 0;

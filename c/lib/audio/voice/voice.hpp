@@ -7,7 +7,8 @@
 /// Owned by the caller, without pointers. The defaults are those to work with; what may be given instead
 /// stands with each field. All levels are relative to the recording.
 struct VOICEPARAM {
-    int fs = 16000; ///< sample rate, Hz: 4000 to 192000
+    int fs =
+        16000; ///< sample rate, Hz: 4000 to 192000; below 8000, voices above 400 Hz are found less surely
 
     double minFreq = 60;  ///< lowest frequency searched, Hz: 20 or more
     double maxFreq = 800; ///< highest frequency searched, Hz: above minFreq, and at most a quarter of lagRate
@@ -75,8 +76,8 @@ VOICESIZES voiceSizes(int waveLen, const VOICEPARAM& param);
 ///
 /// Silence, a constant, and a recording with a sample that is not a finite number have no pitch: all results
 /// are 0. The time grows with the length; beyond the samples and the results it takes about 90 bytes for each
-/// frame, and at most 64 MB for the part of the recording that it keeps filtered (longer recordings are
-/// filtered three times instead). Every instruction set gives the same results.
+/// frame, and at most 64 MB for the part of the recording that it keeps filtered (longer recordings, from
+/// about 35 minutes on, are filtered three times instead). Every instruction set gives the same results.
 ///
 /// Instances: double, int.
 template <typename Sample>
