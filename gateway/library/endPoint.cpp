@@ -150,14 +150,6 @@ Detection byHandset(const Recording& recording) {
     return found;
 }
 
-mxArray* segmentRows(const Call& call, const std::vector<double>& segments, int waveLen) {
-    const size_t count = segments.size() / 2;
-    mxArray* array = matrix(call, static_cast<double>(count), 2);
-    for (size_t i = 0; i < segments.size(); ++i)
-        mxGetPr(array)[i % 2 * count + i / 2] = std::clamp(segments[i], 1.0, static_cast<double>(waveLen));
-    return array;
-}
-
 /// A feature of frames, written by the library: compute (wave, framing, values).
 template <typename Compute>
 void giveFeature(Call& call, const Options& options, Compute compute) {
