@@ -18,6 +18,8 @@
 
 namespace {
 
+using namespace wavepitch::pitchTracking;
+
 constexpr int seconds = 60;
 
 std::vector<int> speechAt(int fs) {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace wavepitch::pitchTracking {
+
 CandidateTable::CandidateTable(const PitchMatrix& matrix, const PTPARAM& ptParam, bool sounds)
     : frames(static_cast<std::size_t>(matrix.frameNum), STRUCT_A{0, -1, nullptr}) {
     if (!sounds) return;
@@ -39,3 +41,5 @@ void CandidateTable::findPath(const PTPARAM& ptParam, double* pitch) {
         start = end;
     }
 }
+
+} // namespace wavepitch::pitchTracking

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+namespace wavepitch::pitchTracking {
+
 /// Holds the candidates of all frames in one block, into which the frames' ppc point.
 class CandidateTable {
 public:
@@ -29,3 +31,5 @@ private:
     std::unique_ptr<PPC[]> block;
     std::vector<STRUCT_A> frames;
 };
+
+} // namespace wavepitch::pitchTracking

@@ -57,7 +57,7 @@ template <typename T>
 int pf2ppc(const T* pf, int pfLen, const PTPARAM& ptParam, int* ppcIndex) {
     const int count = ptParam.dpUseLocalOptim == 1 ? localExtrema(pf, pfLen, ptParam.pfType, ppcIndex)
                                                    : allLags(pfLen, ppcIndex);
-    const LagRange range = lagRange(ptParam);
+    const auto range = wavepitch::pitchTracking::lagRange(ptParam);
     const int* end = std::remove_if(ppcIndex, ppcIndex + count, [&](int lag) {
         return lag == 0 || lag < range.first || lag > range.last;
     });
@@ -65,8 +65,6 @@ int pf2ppc(const T* pf, int pfLen, const PTPARAM& ptParam, int* ppcIndex) {
 }
 
 template int pf2ppc(const double*, int, const PTPARAM&, int*);
-template int pf2ppc(const float*, int, const PTPARAM&, int*);
-template int pf2ppc(const int*, int, const PTPARAM&, int*);
 
 void cAudioPitchCandidates::printA(const STRUCT_A* A, int frameNum) {
     for (int i = 0; i < frameNum; ++i) {

@@ -6,6 +6,8 @@
 
 #include "mex.h"
 
+namespace wavepitch::pitchTracking {
+
 int pfMethodOf(PF_TYPE pfType) {
     if (pfType == PF_AMDF) return 2;
     return pfType == PF_ACF ? 1 : 3;
@@ -34,3 +36,5 @@ void weightByClarity(const PitchMatrix& matrix, const double* clarity) {
     for (int i = 0; i < matrix.frameNum; ++i)
         for (int lag = 0; lag < matrix.pfLen; ++lag) matrix.frame(i)[lag] *= clarity[i];
 }
+
+} // namespace wavepitch::pitchTracking

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+namespace wavepitch::pitchTracking {
+
 /// Column = frame, row = lag, column after column; the values belong to whoever has made it.
 struct PitchMatrix {
     double* values;
@@ -30,3 +32,5 @@ void findClarity(const PitchMatrix& matrix, const PTPARAM& ptParam, double* clar
 
 /// Multiplies each frame's values by its clarity.
 void weightByClarity(const PitchMatrix& matrix, const double* clarity);
+
+} // namespace wavepitch::pitchTracking

@@ -24,6 +24,10 @@
 
 namespace {
 
+using wavepitch::pitchTracking::applyMask;
+using wavepitch::pitchTracking::soundMask;
+using wavepitch::pitchTracking::trimmedTenths;
+
 constexpr int targetRate = 8000;
 
 /// Integer samples and what they are.

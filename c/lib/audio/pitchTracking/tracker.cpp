@@ -27,6 +27,17 @@
 
 namespace {
 
+using wavepitch::pitchTracking::applyMask;
+using wavepitch::pitchTracking::CandidateTable;
+using wavepitch::pitchTracking::findClarity;
+using wavepitch::pitchTracking::LagRange;
+using wavepitch::pitchTracking::lagRange;
+using wavepitch::pitchTracking::normalise;
+using wavepitch::pitchTracking::pfMethodOf;
+using wavepitch::pitchTracking::PitchMatrix;
+using wavepitch::pitchTracking::soundMask;
+using wavepitch::pitchTracking::weightByClarity;
+
 /// The caller's array, or one of the tracker's own where the caller has none and the tracker needs one.
 double* arrayOr(double* callers, std::vector<double>& own, std::ptrdiff_t size) {
     if (callers) return callers;
