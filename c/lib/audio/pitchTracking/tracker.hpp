@@ -25,6 +25,12 @@
 /// clarity 0, no lag. A clarity above 1, and volume end points that find no sound, are reported on the host
 /// console. A type that is neither PF_AMDF nor PF_ACF is fatal path A in wave2pfMat.
 ///
+/// Memory, with or without a pfMat: 8 to 16 bytes for each frame, what the volume end points take, some
+/// blocks of frames (2 MB), and the frames whose lag is not settled yet (openPath.hpp): together HOURS MB for
+/// an hour of speech at 16 kHz. At worst, where the paths through all candidates never meet (a weight of the
+/// distance so large that no path leaves its lag), these frames are all there are, with 16 bytes for each
+/// candidate: 300 KB for a second at 16 kHz with every lag a candidate.
+///
 /// The instance: <double, int>.
 template <typename Pitch, typename Sample>
 int ptByDpOverPfOnce(const Sample* wave, int waveLen, PTPARAM& ptParam, Pitch* pitch, double* clarity,
@@ -33,3 +39,11 @@ int ptByDpOverPfOnce(const Sample* wave, int waveLen, PTPARAM& ptParam, Pitch* p
 template <>
 int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch,
                                   double* clarity, double* pfMat, int* bestIndexOut);
+
+namespace wavepitch::pitchTracking {
+
+/// The same with as many frames at a time as given, 1 or more; the results do not depend on it.
+int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
+          int* bestIndexOut, int framesAtATime);
+
+} // namespace wavepitch::pitchTracking
