@@ -17,6 +17,7 @@ namespace wavepitch::pitchTracking {
 
 namespace {
 
+constexpr int framesAtATime = 16;                // in sums of magnitudes
 constexpr double exactUpTo = 9007199254740992.0; // 2^53
 
 /// The range of the samples.
@@ -56,29 +57,33 @@ double largestOfAll(const FramedWave& recording, int pfLen) {
     return largest;
 }
 
-/// No value of a frame's AMDF is larger.
-double amdfBound(const std::vector<double>& sumUpTo, int pfLen) {
+/// No value of the AMDF of a frame of n samples is larger, the sums of whose magnitudes are given: n + 1 of
+/// them, from wherever the summing began.
+double amdfBound(const double* sumUpTo, std::size_t n, std::size_t lags) {
     constexpr std::size_t lagsAtATime = 8; // the terms of the first, the divisor of the last
-    const std::size_t n = sumUpTo.size() - 1;
-    const std::size_t lags = std::min(n, static_cast<std::size_t>(pfLen));
     double bound = 0.0;
     for (std::size_t lag = 0; lag < lags; lag += lagsAtATime) {
         const std::size_t last = std::min(lag + lagsAtATime, lags) - 1;
-        const double sum = sumUpTo[n - lag] + (sumUpTo[n] - sumUpTo[lag]);
+        const double sum = (sumUpTo[n - lag] - sumUpTo[0]) + (sumUpTo[n] - sumUpTo[lag]);
         bound = std::max(bound, sum / static_cast<double>(n - last));
     }
     return bound;
 }
 
 std::vector<double> amdfBounds(const FramedWave& recording, int pfLen, double middle) {
-    std::vector<double> bounds(static_cast<std::size_t>(recording.frameNum));
-    std::vector<double> sumUpTo(static_cast<std::size_t>(recording.frameSize) + 1);
-    const int* frame = recording.wave;
-    for (double& bound : bounds) {
+    const auto n = static_cast<std::size_t>(recording.frameSize);
+    const std::size_t lags = std::min(n, static_cast<std::size_t>(pfLen));
+    std::vector<double> bounds;
+    bounds.reserve(static_cast<std::size_t>(recording.frameNum));
+    std::vector<double> sumUpTo;
+    for (int first = 0; first < recording.frameNum; first += framesAtATime) {
+        const int frameNum = std::min(framesAtATime, recording.frameNum - first);
+        const int* samples = recording.wave + first * recording.step();
+        sumUpTo.assign(static_cast<std::size_t>((frameNum - 1) * recording.step()) + n + 1, 0.0);
         for (std::size_t j = 0; j + 1 < sumUpTo.size(); ++j)
-            sumUpTo[j + 1] = sumUpTo[j] + std::abs(frame[j] - middle);
-        bound = amdfBound(sumUpTo, pfLen);
-        frame += recording.step();
+            sumUpTo[j + 1] = sumUpTo[j] + std::abs(samples[j] - middle);
+        for (int i = 0; i < frameNum; ++i)
+            bounds.push_back(amdfBound(sumUpTo.data() + i * recording.step(), n, lags));
     }
     return bounds;
 }
@@ -100,9 +105,10 @@ double largestMagnitude(const FramedWave& recording, int pfLen) {
     if (pfLen < 1) return 0.0;
     const Range range(recording);
     const double n = recording.frameSize;
+    const double step = static_cast<double>(recording.step());
     if (recording.pfType == PF_ACF && n * range.width() * range.width() <= exactUpTo)
         return largestOfAll(recording, 1);
-    if (recording.pfType == PF_AMDF && 2 * n * range.width() <= exactUpTo)
+    if (recording.pfType == PF_AMDF && 2 * (n + framesAtATime * step) * range.width() <= exactUpTo)
         return largestAmdf(recording, pfLen, range.middle());
     return largestOfAll(recording, pfLen);
 }
