@@ -75,13 +75,15 @@ WAVEPITCH_HOST_API int mxGetNumberOfDimensions_700(const mxArray* array);
 /// Rows, and the product of all further dimensions.
 WAVEPITCH_HOST_API size_t mxGetM(const mxArray* array);
 WAVEPITCH_HOST_API size_t mxGetN(const mxArray* array);
-/// The array's doubles, column after column.
+/// The array's doubles, column after column. The stand-in host reports an error for an array of another
+/// class.
 WAVEPITCH_HOST_API double* mxGetPr(const mxArray* array);
-/// The array's elements in their class, column after column.
+/// The array's elements in their class, column after column; of a struct, the stand-in host reports an error.
 WAVEPITCH_HOST_API void* mxGetData(const mxArray* array);
 /// Copies the text of a row of characters with its terminator; 0 if it is one and fits into size bytes.
 WAVEPITCH_HOST_API int mxGetString(const mxArray* array, char* text, int size);
-/// The first element; not-a-number for an empty array.
+/// The first element; not-a-number for an empty array. The stand-in host reports an error for an array that
+/// is not of doubles.
 WAVEPITCH_HOST_API double mxGetScalar(const mxArray* array);
 
 #ifdef __cplusplus

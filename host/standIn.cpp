@@ -64,6 +64,25 @@ size_t elementSize(mxClassID classID) {
     }
 }
 
+const char* nameOf(mxClassID classID) {
+    switch (classID) {
+    case mxDOUBLE_CLASS:
+        return "double";
+    case mxCHAR_CLASS:
+        return "char";
+    case mxSTRUCT_CLASS:
+        return "struct";
+    default:
+        return "integer";
+    }
+}
+
+/// Refuses an array whose elements are not what the function hands out.
+void refuseClass(const char* function, const mxArray* array) {
+    const std::string message = std::string(function) + " cannot be asked of an array of class ";
+    mexErrMsgTxt((message + nameOf(array->classID)).c_str());
+}
+
 } // namespace
 
 namespace standIn {
@@ -175,11 +194,13 @@ size_t mxGetN(const mxArray* array) {
 }
 
 double* mxGetPr(const mxArray* array) {
+    if (array->classID != mxDOUBLE_CLASS) refuseClass("mxGetPr", array);
     return const_cast<double*>(array->data.data());
 }
 
 void* mxGetData(const mxArray* array) {
     if (array->classID == mxDOUBLE_CLASS) return mxGetPr(array);
+    if (array->classID == mxSTRUCT_CLASS) refuseClass("mxGetData", array);
     return const_cast<char*>(array->bytes.data());
 }
 
@@ -191,5 +212,6 @@ int mxGetString(const mxArray* array, char* text, int size) {
 }
 
 double mxGetScalar(const mxArray* array) {
+    if (array->classID != mxDOUBLE_CLASS) refuseClass("mxGetScalar", array);
     return array->data.empty() ? std::numeric_limits<double>::quiet_NaN() : array->data.front();
 }

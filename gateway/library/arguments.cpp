@@ -234,6 +234,21 @@ void Argument::requireVector() const {
     if (!isNumeric() || (rows() != 1 && columns() != 1)) refuse(vectorRule);
 }
 
+/// The most frequent mistake of all, a recording in stereo, is told how to be mended.
+void Argument::requireOneChannel() const {
+    if (isNumeric() && rows() > 1 && columns() > 1) {
+        const std::string size = std::to_string(rows()) + " x " + std::to_string(columns());
+        refuse("a recording of one channel; it has " + std::to_string(std::min(rows(), columns())) + " (" +
+               size + "), take one: " + (rows() >= columns() ? "wave(:, 1)" : "wave(1, :)"));
+    }
+    requireVector();
+}
+
+Numbers Argument::recording() const {
+    requireOneChannel();
+    return finiteElements(vectorRule);
+}
+
 Numbers Argument::vector() const {
     requireVector();
     return finiteElements(vectorRule);
@@ -261,7 +276,7 @@ void Argument::refuseSamples() const {
 
 std::vector<int> Argument::samples(int nbits) const {
     requireSampleClass();
-    requireVector();
+    requireOneChannel();
     const size_t count = rows() * columns();
     if (count == 0 || count > static_cast<size_t>(mostInt)) refuse(vectorRule);
     std::vector<int> result(count);
@@ -281,9 +296,9 @@ std::vector<int> Argument::samples(int nbits) const {
 }
 
 Numbers Argument::unitSamples() const {
-    if (isFloating()) return vector();
+    if (isFloating()) return recording();
     requireSampleClass();
-    requireVector();
+    requireOneChannel();
     std::vector<double> wave = finiteElements(vectorRule).copy();
     const double offset = isSigned() ? 0 : 128;
     const double scale = std::exp2(1 - bits());

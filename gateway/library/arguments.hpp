@@ -93,6 +93,8 @@ public:
     size_t rows() const { return mxGetM(array); }
     size_t columns() const { return mxGetN(array); }
 
+    /// A recording of one channel, which may be a row or a column, in its own scale.
+    Numbers recording() const;
     /// A recording of one channel as integer samples of 8 or 16 bits. A vector of class double or single
     /// holds samples from -1 to 1, which are multiplied by 2^(nbits - 1), rounded and kept below it; one of
     /// an integer class of B bits, unsigned 8 bits around 128, holds the samples themselves, which are
@@ -101,7 +103,8 @@ public:
     /// The integer samples of an integer class in their own scale; of any other class as samples does.
     std::vector<int> ownSamples(int nbits) const;
 
-    /// A recording for operations on doubles: a floating class as it is, an integer class from -1 to 1.
+    /// A recording of one channel for operations on doubles: a floating class as it is, an integer class from
+    /// -1 to 1.
     Numbers unitSamples() const;
     /// The bits that samples of this class are best reduced to: 8 for a class of 8 bits, else 16.
     int sampleBits() const { return bits() == 8 ? 8 : 16; }
@@ -116,6 +119,7 @@ private:
     bool isNumeric() const;
     double scalar() const;
     void requireVector() const;
+    void requireOneChannel() const;
     void requireSampleClass() const;
     Numbers finiteElements(const char* rule) const;
     [[noreturn]] void refuseSamples() const;

@@ -23,7 +23,7 @@ Framing readFraming(const Options& options, int fs, int waveLen, int mostFrameSi
 }
 
 void wave2framesCommand(Call& call) {
-    const Numbers wave = call.input(0, "WAVE").vector();
+    const Numbers wave = call.input(0, "WAVE").recording();
     const int fs = call.input(1, "FS").whole(1);
     const Options options = call.options(2, {"frameSize", "overlap"});
     const Framing framing = readFraming(options, fs, wave.length());

@@ -118,10 +118,9 @@ void ptParamCommand(Call& call) {
     const auto set = [&](const char* file) {
         cAudio::ptParamSet(&param, fs, nbits, static_cast<PF_TYPE>(pfType), file);
     };
-    if (call.has(3))
-        call.input(3, "PARAMFILE").readFile(set);
-    else
-        set(nullptr);
-    checkPitchParam(call, param);
+    set(nullptr);
+    const PTPARAM usual = param;
+    if (call.has(3)) call.input(3, "PARAMFILE").readFile(set);
+    checkPitchParam(call, param, usual);
     call.give(0, structOf(param));
 }

@@ -119,17 +119,22 @@ PTPARAM readPitchParam(const Call& call, const Options& options, int fs, int nbi
             setField(param, field, options[field.name]);
     if (hasFrameRate && options.has("frameSize") && !options.has("overlap")) // the rate stays
         param.overlap = clampToInt(std::int64_t{param.frameSize} - asked.frameSize + asked.overlap);
-    checkPitchParam(call, param);
+    checkPitchParam(call, param, asked);
+    if (options.has("paramFile") && !hasFrameRate && !options.has("frameSize"))
+        cAudio::checkFrameDuration(param); // as ptParamSet does with its file
     param.frameRate = static_cast<int>(fs / (static_cast<double>(param.frameSize) - param.overlap));
     return param;
 }
 
-void checkPitchParam(const Call& call, const PTPARAM& param) {
+void checkPitchParam(const Call& call, const PTPARAM& param, const PTPARAM& usual) {
     for (const Field& field : fields) {
         const double value = valueOf(param, field);
-        if (!(value >= field.least && value <= field.most))
-            call.refuse(upperCase(field.name) + " must be from " + textOf(field.least) + " to " +
-                        textOf(field.most) + ", not " + textOf(value));
+        if (value >= field.least && value <= field.most) continue;
+        const std::string range = " must be from " + textOf(field.least) + " to " + textOf(field.most);
+        if (value == valueOf(usual, field)) // nobody gave it
+            call.refuse("FS = " + textOf(usual.fs) + " makes " + upperCase(field.name) + " = " +
+                        textOf(value) + ", which" + range);
+        call.refuse(upperCase(field.name) + range + ", not " + textOf(value));
     }
     if (param.pfType != PF_AMDF && param.pfType != PF_ACF)
         call.refuse("PFTYPE must be 0 or 1, not " + std::to_string(param.pfType));

@@ -14,8 +14,9 @@ const std::vector<const char*>& pitchParamNames();
 /// @param nbits  where the option nbits is not given.
 PTPARAM readPitchParam(const Call& call, const Options& options, int fs, int nbits);
 
-/// Refuses a record with a field out of its range, by the field's name.
-void checkPitchParam(const Call& call, const PTPARAM& param);
+/// Refuses a record with a field out of its range, by the field's name; where the value is the usual one,
+/// which follows from the sample rate, by the rate.
+void checkPitchParam(const Call& call, const PTPARAM& param, const PTPARAM& usual);
 
 /// A struct with every field of the record.
 mxArray* structOf(const PTPARAM& param);

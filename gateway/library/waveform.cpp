@@ -66,7 +66,7 @@ void waveEchoCommand(Call& call) {
     const double delay = call.input(2, "DELAY").number(0, mostNumber);
     const double gain = call.input(3, "GAIN").number(-mostNumber, mostNumber);
     if (input.isFloating()) {
-        const Numbers wave = input.vector();
+        const Numbers wave = input.recording();
         mxArray* out = vectorLike(input, wave.size());
         cAudio::waveEcho(wave.data(), wave.length(), fs, delay, gain, mxGetPr(out));
         call.give(0, out);

@@ -113,7 +113,10 @@ bool isNumber(const std::string& text) {
 Input readInput(const std::string& text) {
     if (isNumber(text)) return {{1, 1, {std::strtod(text.c_str(), nullptr)}}};
     if (isQuoted(text)) return characters(text.substr(1, text.size() - 2));
-    if (!text.empty() && isWord(text) && !std::filesystem::exists(text)) return characters(text);
+    if (!std::filesystem::exists(text)) {
+        if (!text.empty() && isWord(text)) return characters(text);
+        throw std::runtime_error("cannot open " + text + ": no such file");
+    }
     const std::string extension = std::filesystem::path(text).extension();
     if (extension == ".csv" || extension == ".txt") return {readTable(text)};
     return readAudio(text);

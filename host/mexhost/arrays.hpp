@@ -21,5 +21,6 @@ bool isNumber(const std::string& text);
 ///                               semicolons or blanks, empty lines are skipped;
 ///   any other file              audio of any format that libsndfile reads: samples x channels, full scale
 ///                               -1 to 1, as the host's audioread gives it.
-/// A file that cannot be read is a std::runtime_error that names it and the rule it breaks.
+/// What is none of these and names no file, and a file that cannot be read, is a std::runtime_error that
+/// names it and the rule it breaks.
 Input readInput(const std::string& text);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -39,7 +40,8 @@ void declare(CLI::App& app, Options& options) {
     app.add_option("--out", options.outputCount, "outputs to ask for")
         ->check(CLI::Range(0, 1000))
         ->capture_default_str();
-    app.add_option("--csv", options.csv, "write an output to FILE: the first, given again the second, ...")
+    app.add_option("--csv", options.csv,
+                   "write an output to FILE: the first, given again the second, ..., at most --out of them")
         ->type_name("FILE")
         ->allow_extra_args(false);
     app.add_option("--png", options.png, "draw the waveform and the first output")->type_name("FILE");
@@ -90,7 +92,21 @@ const mxArray* waveToDraw(const std::vector<mxArray>& arrays, const std::vector<
     return nullptr;
 }
 
+/// Every option that speaks of an output must have one: nothing that the user asks for is left out in
+/// silence.
+void checkOutputs(const Options& options) {
+    const auto outputs = static_cast<size_t>(options.outputCount);
+    const std::string asked = ", but " + std::to_string(outputs) + " asked for (--out)";
+    if (options.csv.size() > outputs)
+        throw std::runtime_error("--csv is for " + std::to_string(options.csv.size()) + " outputs" + asked);
+    if (options.times > options.outputCount)
+        throw std::runtime_error("--times is for output " + std::to_string(options.times) + asked);
+    if (!options.png.empty() && outputs == 0)
+        throw std::runtime_error("--png is for the first output" + asked);
+}
+
 void run(const Options& options) {
+    checkOutputs(options);
     std::vector<mxArray> arrays;
     std::vector<double> rates;
     for (const std::string& argument : options.arguments) {
@@ -109,7 +125,7 @@ void run(const Options& options) {
         std::printf("output %zu: %s\n", i + 1, summary(*outputs[i]).c_str());
         if (i < options.csv.size()) writeCsv(options.csv[i], *outputs[i]);
     }
-    if (options.png.empty() || !outputs.front()) return;
+    if (options.png.empty()) return;
     if (!holdsNumbers(*outputs.front()))
         throw std::runtime_error(options.png + ": there are no numbers to draw");
     Axes axes;
@@ -123,7 +139,7 @@ void run(const Options& options) {
         axes.overlap = options.frames[1];
     }
     const auto times = static_cast<size_t>(options.times);
-    if (times >= 1 && times <= outputs.size() && outputs[times - 1]->data.size() > 1) {
+    if (times >= 1 && outputs[times - 1]->data.size() > 1) {
         axes.firstTime = outputs[times - 1]->data[0];
         axes.timeStep = outputs[times - 1]->data[1] - axes.firstTime;
     }

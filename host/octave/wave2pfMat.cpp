@@ -15,16 +15,20 @@ namespace {
 constexpr const char* scalarNames[] = {"FRAMESIZE", "OVERLAP", "PFLEN", "PFTYPE", "PFMETHOD"};
 constexpr int inputCount = 1 + static_cast<int>(std::size(scalarNames));
 
+[[noreturn]] void refuse(const std::string& rule) {
+    mexErrMsgTxt((std::string(mexFunctionName()) + ": " + rule).c_str());
+}
+
 bool isRealAndFull(const mxArray* array) {
     return !mxIsComplex(array) && !mxIsSparse(array);
 }
 
 void checkInputs(const mxArray* prhs[]) {
     if (!mxIsDouble(prhs[0]) || !isRealAndFull(prhs[0]))
-        mexErrMsgTxt("WAVE must be a real, full array of class double");
+        refuse("WAVE must be a real, full array of class double");
     for (int i = 1; i < inputCount; ++i) {
         if (mxIsNumeric(prhs[i]) && isRealAndFull(prhs[i]) && mxGetNumberOfElements(prhs[i]) == 1) continue;
-        mexErrMsgTxt((std::string(scalarNames[i - 1]) + " must be a real numeric scalar").c_str());
+        refuse(std::string(scalarNames[i - 1]) + " must be a real numeric scalar");
     }
 }
 

@@ -15,7 +15,7 @@
 %              "twoThreshold"  runs above a low threshold that reach a high one
 %              "volumeZcr"     one utterance, by volume and then by zero crossings
 %              "character"     bursts of energy, as spoken characters are
-%              "sentence"      from the first of them to the last
+%              "sentence"      from the first of them to the last, of at most 100
 %              "handset"       one utterance, by volume and zero crossings, for handsets
 %
 % Options, in any case

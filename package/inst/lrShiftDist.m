@@ -8,9 +8,9 @@
 %                 2: sum of squares after taking out the mean.
 %
 % Outputs
-%   DISTANCE   the smallest distance; Inf for none.
+%   DISTANCE   the smallest distance; Inf where none is below 2147483647 (2^31 - 1).
 %   POSITION   where it is found: the element of the longer sequence, counted from 1, below the first of the
-%              shorter one; 0 where no distance is a number of reasonable size.
+%              shorter one; 0 for none.
 %   SHIFT      what to subtract from the shorter sequence to bring it onto the longer one; NaN for none.
 %
 % Example

@@ -26,7 +26,7 @@
 %   pfLen      lags of the pitch function, 2 to frameSize; default half of the frames that follow from FS or
 %              from the option frameSize.
 %   useVolThreshold       no pitch outside the sound that endPoints (..., "volume") finds; default 1.
-%   useClarityThreshold   no pitch in frames of low clarity; default 1.
+%   useClarityThreshold   no pitch in frames of low clarity; default 1.  See CLARITY for "amdf".
 %   clarityRatio          what low is, as a fraction of the largest clarity, 0 to 1; default 0.6.
 %   useClarityWeight      weight each frame's pitch function by its clarity; default 1 for ACF, 0 for AMDF.
 %   medianFilterOrder     order of the median filter over the pitch, a whole number of at least 0, 3 or more
@@ -44,7 +44,9 @@
 % Outputs
 %   PITCH      1 x frames: semitones or Hz; 0 where there is no pitch.
 %   TIME       1 x frames: centres of the frames in seconds.
-%   CLARITY    1 x frames: 0 to 1.
+%   CLARITY    1 x frames: 0 to 1, how periodic a frame is.  With useClarityThreshold, which is the default, the
+%              pitch function at the lag chosen as a share of that at lag 0, where the AMDF is 0: for "amdf"
+%              CLARITY then is 0 throughout, and the threshold has no effect.
 %   PFMAT      pfLen x frames: column = frame, row k = lag of k - 1 samples; normalised to 2^20, then weighted
 %              by clarity where useClarityWeight says so.
 %   PARAM      struct: the parameters used, minIndex and maxIndex being the lags searched.
@@ -98,6 +100,8 @@ end
 %! fputs (fid, "fs=4000\nnbits=8\npfType=1\npfLen=99\nframeSize=300\noverlap=10\nmaxPitch=70\n");
 %! fclose (fid);
 %! [~, ~, ~, ~, param] = wave2pitch (wave, fs, "pfType", "amdf", "paramFile", file, "frameSize", 400);
+%! printed = evalc ('pitch = wave2pitch (wave, fs, "paramFile", file);');
+%! assert (! isempty (strfind (printed, "Warning: frameSize too small! (frameSize=300, frameDuration=18.75 ms")));
 %! delete (file);
 %! assert ([param.fs, param.nbits, param.pfType], [fs, 16, 0]);
 %! assert ([param.frameSize, param.overlap, param.pfLen, param.frameRate], [400, 10, 99, 41]);
@@ -111,6 +115,7 @@ end
 %! absSpectrogram ([0 0], 8000);
 %! note2wave (60, 0, 8000);
 %! close
+%!error <wave2pitch: FS = 31 makes PFLEN = 1, which must be from 2 to 2147483647> wave2pitch ([0 0], 31)
 %!error <wave2pitch: FS must be a positive whole number> wave2pitch ([0 0], 1.5)
 %!error <wave2pitch: OVERLAP = 640 must be below FRAMESIZE = 640> wave2pitch ([0 0], 16000, "overlap", 640)
 %!error <wave2pitch: no option is named "foo"> wave2pitch ([0 0], 8000, "foo", 1)

@@ -16,7 +16,6 @@ const std::string probe = MEXHOST_PROBE " ";
 const std::string module = MEXHOST_WAVE2PFMAT " ";
 const std::string library = MEXHOST_LIBRARY " ";
 const std::string speech = WAVEPITCH_EXAMPLES "/speech8k.wav ";
-const std::string directory = testing::TempDir() + "mexhost-" + std::to_string(getpid()) + "-";
 
 std::string contents(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -24,8 +23,8 @@ std::string contents(const std::string& path) {
 }
 
 std::string written(const std::string& name, const std::string& text) {
-    std::ofstream(directory + name) << text;
-    return directory + name;
+    std::ofstream(name) << text;
+    return name;
 }
 
 struct Result {
@@ -34,10 +33,8 @@ struct Result {
 };
 
 Result mexhost(const std::string& arguments) {
-    const std::string out = directory + "out";
-    const std::string err = directory + "err";
-    const int status = std::system((MEXHOST_PROGRAM " " + arguments + " >" + out + " 2>" + err).c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(out), contents(err)};
+    const int status = std::system((MEXHOST_PROGRAM " " + arguments + " >out 2>err").c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents("out"), contents("err")};
 }
 
 TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
@@ -61,8 +58,12 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         {probe + written("ragged.csv", "1,2\n\n3\n"), 1, "",
          "ragged.csv, line 3: 1 numbers, the lines above have 2\n"},
         {probe + written("words.txt", "1 2\n3 four\n"), 1, "", "words.txt, line 2: numbers between commas"},
-        {probe + "missing.csv", 1, "", "missing.csv: cannot be opened"},
+        {probe + "missing.csv", 1, "", "error: cannot open missing.csv: no such file\n"},
         {probe + noAudio, 1, "", "noise.wav: not a number, not a table (.csv, .txt), not readable as audio"},
+        {probe + "word", 1, "probe: 1 in", "error: mxGetScalar cannot be asked of an array of class char\n"},
+        {module + "speech 4 0 3 0 1", 1, "", "error: mxGetPr cannot be asked of an array of class char\n"},
+        {probe + "0 1 2 --out 2 --csv a --csv b --csv c", 1, "", "--csv is for 3 outputs, but 2 asked for"},
+        {probe + "0 1 2 --out 2 --times 3", 1, "", "--times is for output 3, but 2 asked for"},
         {probe + "0 1 --csv /nowhere/a.csv", 1, "output 1", "/nowhere/a.csv: cannot be written"},
         {library + "ptParam 8000 --csv /dev/null", 1, "output 1: struct\n  fs = 8000\n",
          "the output has none"},
@@ -96,7 +97,7 @@ TEST(Mexhost, DrawsWhateverComesOut) {
                                      "' --rate 8000",
                                  probe + "0 " + written("row.csv", "1,2,3"),
                                  probe + "0 " + written("nan.csv", "nan nan\nnan nan")};
-    const std::string path = directory + "picture.png";
+    const std::string path = "picture.png";
     for (const std::string& call : calls) {
         std::remove(path.c_str());
         const Result result = mexhost(call + " --png " + path);

@@ -95,6 +95,12 @@ for entry = table'
       bad(i) = value;
       assertRefused (name, bad, [".*" arguments{i, 1}]);
     end
+    if (strcmp (arguments{i, 1}, "WAVE"))
+      bad{i} = [wave; wave];
+      assertRefused (name, bad, 'WAVE must be .* has 2 \(2 x 2000\), take one: wave\(1, :\)');
+      bad{i} = int16 (zeros (2000, 6));
+      assertRefused (name, bad, 'WAVE must be .* has 6 \(2000 x 6\), take one: wave\(:, 1\)');
+    end
   end
   for i = 1:rows (options)
     for value = options{i, 2}

@@ -4,6 +4,7 @@
 #include "audio/audio.hpp"
 
 #include "support/console.hpp"
+#include "support/kernelVersion.hpp"
 #include "support/vectors.hpp"
 #include "utility/instructionSet.hpp"
 
@@ -33,11 +34,10 @@ inline bool hasEightLanes() {
 /// Calls once with each set of instructions that kernels have a version for, with its name.
 template <typename Call>
 void withEveryKernel(Call call) {
-    for (const char* set : {"portable", "avx2", "avx512"}) {
-        ::setenv("WAVEPITCH_KERNEL", set, 1);
-        call(set);
+    for (const char* name : kernelVersions) {
+        const KernelVersion version(name);
+        call(name);
     }
-    ::unsetenv("WAVEPITCH_KERNEL");
 }
 
 /// The dump of a record ("ptParam->") on one line: what stands between two of its fields becomes a space.

@@ -7,6 +7,7 @@
 // of an autocorrelation by FFT of the same frames, in ms. Options are those of Google Benchmark.
 #include "audio/pitchFunction/plain.hpp"
 
+#include "support/kernelVersion.hpp"
 #include "support/peak.hpp"
 #include "support/speech.hpp"
 #include "utility/instructionSet.hpp"
@@ -63,7 +64,7 @@ template <typename T>
 void measure(benchmark::State& state, const Case& c, const std::string& version) {
     const std::vector<T> wave = waveOf<T>(c);
     std::vector<double> pf(static_cast<std::size_t>(c.frames * c.pfLen));
-    ::setenv("WAVEPITCH_KERNEL", version.c_str(), 1);
+    const KernelVersion chosen(version);
     for ([[maybe_unused]] auto round : state) {
         if (version == "plain")
             plainMat(wave, c.frames, c.n, c.step(), c.pfLen, c.type, c.method, pf.data());
@@ -72,7 +73,6 @@ void measure(benchmark::State& state, const Case& c, const std::string& version)
         benchmark::DoNotOptimize(pf.data());
         benchmark::ClobberMemory();
     }
-    ::unsetenv("WAVEPITCH_KERNEL");
 }
 
 /// The autocorrelation by way of the power spectrum: not the same bits, nor meant to be.

@@ -4,6 +4,8 @@
 #include "audio/audio.hpp"
 #include "utility/rounding.hpp"
 
+#include "support/kernelVersion.hpp"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -89,9 +91,8 @@ void kernel(benchmark::State& state, const char* version) {
     Frames frames(state.range(0) != 0);
     const PTPARAM ptParam = parameters(state.range(1));
     std::vector<double> pitch(frameNum);
-    setenv("WAVEPITCH_KERNEL", version, 1);
+    const KernelVersion chosen(version);
     for (auto _ : state) A2pitchByDp(frames.A.data(), frameNum, ptParam, pitch.data());
-    unsetenv("WAVEPITCH_KERNEL");
     perFrame(state);
 }
 

@@ -14,9 +14,8 @@ enum class InstructionSet { portable, avx2, avx512 };
 /// for AVX-512 F, BW, DQ and VL).
 InstructionSet widestInstructionSet();
 
-/// The set that the next call uses: the widest, or the one that the environment variable WAVEPITCH_KERNEL
-/// names ("portable", "avx2", "avx512"), as far as the processor has it. Every set gives the same results;
-/// the variable is there for tests and measurements. It is read at every call.
+/// The set that kernels run on: the widest. Every set gives the same results; tests and measurements link a
+/// definition of their own, which lets them choose.
 InstructionSet instructionSet();
 
 /// The version of a kernel for a set that the processor has.

@@ -71,6 +71,15 @@ TEST(File, LinesArriveInPieces) {
     }
 }
 
+TEST(File, ThePathMayBeOneOfTheLinesThatAreReplaced) {
+    const ConsoleCapture console;
+    List lines{"./././././././" +
+               std::string(scratch(std::string(99999, 'a')))}; // too long to stand in the string
+    const std::string name = lines[0];
+    fileRead(lines[0].c_str(), lines, '%');
+    EXPECT_NE(console.text().find(" from " + name + "!!!"), std::string::npos) << console.text();
+}
+
 TEST(File, TextForms) {
     EXPECT_EQ(fileRead(scratch("a\tb\n\n\t\n\0lost\nla\0lost\n%c\n"s)),
               (std::vector<List>{{"a", "b"}, {"", ""}, {"la"}, {"%c"}}));

@@ -5,7 +5,7 @@
 #include "audio/endPoint/segment.hpp"
 #include "audio/endPoint/volume.hpp"
 #include "audio/endPoint/wholeFrames.hpp"
-#include "utility/file/vecWrite.hpp"
+#include "utility/file/numbers.hpp"
 #include "utility/rounding.hpp"
 
 #include <numeric>

@@ -4,7 +4,7 @@
 #include "audio/endPoint/wholeFrames.hpp"
 #include "audio/failure.hpp"
 #include "utility/fatal.hpp"
-#include "utility/file/keyValue.hpp"
+#include "utility/file/lines.hpp"
 
 #include <cstdint>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include "audio/failure.hpp"
 #include "audio/pitchTracking/paramFile.hpp"
 #include "utility/fatal.hpp"
-#include "utility/file/open.hpp"
+#include "utility/file/file.hpp"
 #include "utility/rounding.hpp"
 
 #include <cmath>
@@ -75,15 +75,6 @@ void setRemaining(PTPARAM& ptParam) {
     ptParam.maxIndex = 0;
 }
 
-void checkFrameDuration(const PTPARAM& ptParam) {
-    constexpr float shortest = 32.0F;
-    const auto duration = static_cast<float>(static_cast<double>(ptParam.frameSize) * 1000 / ptParam.fs);
-    if (duration < shortest)
-        mexPrintf(
-            "Warning: frameSize too small! (frameSize=%d, frameDuration=%g ms < minFrameDuration=%g ms)\n",
-            ptParam.frameSize, static_cast<double>(duration), static_cast<double>(shortest));
-}
-
 } // namespace
 
 void cAudioPitchParam::ptParamSet(PTPARAM* ptParam, int fs, int nbits, PF_TYPE pfType,
@@ -106,4 +97,13 @@ void cAudioPitchParam::ptParamSet(PTPARAM* ptParam, float frameRate, int fs, int
     const auto rate = static_cast<float>(fs);
     ptParam->frameSize = myRound(32.0F * rate / 1000.0F);
     ptParam->overlap = clampToInt(std::int64_t{ptParam->frameSize} - myRound(rate / frameRate));
+}
+
+void cAudioPitchParam::checkFrameDuration(const PTPARAM& ptParam) {
+    constexpr float shortest = 32.0F;
+    const auto duration = static_cast<float>(static_cast<double>(ptParam.frameSize) * 1000 / ptParam.fs);
+    if (duration < shortest)
+        mexPrintf(
+            "Warning: frameSize too small! (frameSize=%d, frameDuration=%g ms < minFrameDuration=%g ms)\n",
+            ptParam.frameSize, static_cast<double>(duration), static_cast<double>(shortest));
 }

@@ -82,4 +82,7 @@ public:
     ///
     /// @param frameRate  frames per second: the frame step becomes fs / frameRate, rounded.
     static void ptParamSet(PTPARAM* ptParam, float frameRate, int fs, int nbits, PF_TYPE pfType);
+
+    /// The warning of ptParamSet for a record that has been changed since.
+    static void checkFrameDuration(const PTPARAM& ptParam);
 };

@@ -2,8 +2,8 @@
 
 #include "audio/failure.hpp"
 #include "utility/fatal.hpp"
-#include "utility/file/keyValue.hpp"
-#include "utility/file/open.hpp"
+#include "utility/file/file.hpp"
+#include "utility/file/lines.hpp"
 #include "utility/fileHandle.hpp"
 #include "utility/rounding.hpp"
 

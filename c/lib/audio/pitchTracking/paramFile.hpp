@@ -1,4 +1,4 @@
-// Pitch-tracking parameters as key-value files (utility/file/keyValue.hpp), and their dump on the screen.
+// Pitch-tracking parameters as key-value files (utility/file/lines.hpp), and their dump on the screen.
 //
 // The reader, the writer and the dump each cover a set of fields of their own: the writer leaves out pfType,
 // pfLen, pitchDiffMax, useClarityThreshold, clarityRatio and medianFilterOrder, and writes four keys that the

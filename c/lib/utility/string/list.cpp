@@ -1,6 +1,6 @@
 #include "utility/string/list.hpp"
 
-#include "utility/file/list.hpp"
+#include "utility/file/lines.hpp"
 
 #include <algorithm>
 #include <iostream>
