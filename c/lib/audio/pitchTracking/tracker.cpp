@@ -159,10 +159,12 @@ int cutZeros(double* pitch, int n) {
     return last + 1 - first;
 }
 
-/// So many that a block's matrix and candidates stay in the processor's cache.
+/// So many that a block's matrix and candidates stay in the processor's cache; full vectors of frames.
 int framesInCache(int pfLen) {
-    constexpr int values = 1 << 14;
-    return std::max(values / std::max(pfLen, 1), 1);
+    constexpr int values = 1 << 15;
+    constexpr int lanes = 16;
+    const int frames = values / std::max(pfLen, 1);
+    return frames < lanes ? std::max(frames, 1) : frames - frames % lanes;
 }
 
 } // namespace

@@ -25,11 +25,11 @@
 /// clarity 0, no lag. A clarity above 1, and volume end points that find no sound, are reported on the host
 /// console. A type that is neither PF_AMDF nor PF_ACF is fatal path A in wave2pfMat.
 ///
-/// Memory, with or without a pfMat: 8 to 16 bytes for each frame, what the volume end points take, some
-/// blocks of frames (2 MB), and the frames whose lag is not settled yet (openPath.hpp): together HOURS MB for
-/// an hour of speech at 16 kHz. At worst, where the paths through all candidates never meet (a weight of the
-/// distance so large that no path leaves its lag), these frames are all there are, with 16 bytes for each
-/// candidate: 300 KB for a second at 16 kHz with every lag a candidate.
+/// Memory beyond the caller's arrays: 8 bytes for each frame, what the volume end points take, a block of
+/// frames (1 MB), and the frames whose lag is not settled yet (openPath.hpp): together 7 MB for an hour at 16
+/// kHz, of speech as of silence or noise. At worst, where the paths through all candidates neither meet nor
+/// go straight on, these frames are all there are, with 16 bytes for each candidate: 0.5 MB for a second at
+/// 16 kHz with every lag a candidate.
 ///
 /// The instance: <double, int>.
 template <typename Pitch, typename Sample>
