@@ -42,6 +42,17 @@ int main(int, char** argv) {
         write("clarity" + std::to_string(type), clarity);
         write("pfMat" + std::to_string(type), pfMat);
     }
+    VOICEPARAM param;
+    param.fs = fs;
+    const VOICESIZES sizes = voiceSizes(waveLen, param);
+    const auto frameNumOfVoice = static_cast<std::size_t>(sizes.frameNum);
+    std::vector<double> f0(frameNumOfVoice);
+    std::vector<double> strength(frameNumOfVoice);
+    std::vector<float> correlation(frameNumOfVoice * static_cast<std::size_t>(sizes.lagNum));
+    wave2f0(wave.data(), waveLen, param, f0.data(), strength.data(), correlation.data());
+    write("f0", f0);
+    write("strength", strength);
+    write("correlation", correlation);
     int* pv = nullptr;
     int pvLen = 0;
     cAudio::bGetPitch(std::vector<short>(wave.begin(), wave.end()), pv, pvLen, fs, 16);

@@ -28,6 +28,10 @@ for name = {dir(fullfile (examples, "*.wav")).name}
       assertSame (directory, sprintf ("clarity%d", pfType), clarity);
       assertSame (directory, sprintf ("pfMat%d", pfType), pfMat);
     end
+    [f0, ~, strength, correlation] = wave2f0 (input{1}, fs);
+    assertSame (directory, "f0", f0);
+    assertSame (directory, "strength", strength);
+    assertSame (directory, "correlation", double (correlation));
     assertSame (directory, "pv", wave2pv (input{1}, fs));
     assertSame (directory, "volume", wave2volume (input{1}, fs, framing{:}));
     assertSame (directory, "magnitude", absSpectrogram (input{1}, fs, framing{:}));

@@ -1,6 +1,6 @@
 #include "audio/pitchTracking/pitchMatrix.hpp"
 
-#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/framing/wholeFrames.hpp"
 #include "audio/pitchTracking/clarity.hpp"
 
 #include <cmath>
@@ -21,7 +21,7 @@ int pfMethodOf(PF_TYPE pfType) {
 
 FramedWave::FramedWave(const int* itsWave, int itsLen, const PTPARAM& ptParam)
     : wave(itsWave), waveLen(itsLen), frameSize(ptParam.frameSize), overlap(ptParam.overlap),
-      frameNum(wholeFrameNum(itsLen, ptParam.frameSize, ptParam.overlap)), pfType(ptParam.pfType) {}
+      frameNum(framing::wholeFrameNum(itsLen, ptParam.frameSize, ptParam.overlap)), pfType(ptParam.pfType) {}
 
 void FramedWave::pitchFunctions(int first, const PitchMatrix& matrix) const {
     const std::ptrdiff_t length = matrix.frameNum * step() + overlap; // at most waveLen

@@ -11,7 +11,7 @@
 //   cut             of zeros at both ends, by cutLeadingTrailingZero
 #include "audio/pitchTracking/tracker.hpp"
 
-#include "audio/endPoint/byVolume.hpp"
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
 #include "audio/pitchTracking/candidatePicker.hpp"
 #include "audio/pitchTracking/clarity.hpp"
@@ -134,9 +134,9 @@ void setSearchedLags(PTPARAM& ptParam) {
 
 void volumeGate(const int* wave, int waveLen, const PTPARAM& ptParam, int frameNum, double* pitch) {
     EPDPARAM epdParam;
-    cAudioEpdParam::epdParamSet(ptParam.fs, epdParam);
+    cAudioEndPoint::epdParamSet(ptParam.fs, epdParam);
     int segNum = 0;
-    const SegmentArray segments(cAudioByVolume::epdByVol(wave, waveLen, ptParam.fs, epdParam, &segNum));
+    const SegmentArray segments(cAudioEndPoint::epdByVol(wave, waveLen, ptParam.fs, epdParam, &segNum));
     if (segNum == 0)
         mexPrintf("Warning: Cannot find any segment after epdByVol! (line %d of file %s)", __LINE__,
                   audioSourcePath);
