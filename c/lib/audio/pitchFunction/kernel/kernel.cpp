@@ -86,11 +86,11 @@ void withKind(const Task& task, const Sum& sum) {
 }
 
 /// The pitch functions of so many frames, at most lanes, in a tile whose lanes without a frame repeat the
-/// last one.
+/// first one.
 template <typename Sample>
 void sumAsTile(const Task& task, const Work& work, const Sample* const* frame, size_t frames, double* pf) {
     const Sample* row[lanes];
-    for (size_t l = 0; l < lanes; ++l) row[l] = frame[l < frames ? l : frames - 1];
+    for (size_t l = 0; l < lanes; ++l) row[l] = frame[l < frames ? l : 0];
     interleave(row, task.frameSize, work.tile);
     if constexpr (sizeof(Sample) == sizeof(double)) prepare(task, work.tile);
     withKind(task, [&](auto kind) { sumFrames<decltype(kind)>(task, work.tile, frames, pf); });
@@ -135,7 +135,7 @@ void sumAsPairs(const Task& task, const Work& work, Range range, const int* cons
         using Kind = decltype(kind);
         if (4 * frames > 3 * wordLanes) {
             const int* lane[wordLanes];
-            for (size_t l = 0; l < wordLanes; ++l) lane[l] = row[l < frames ? l : frames - 1];
+            for (size_t l = 0; l < wordLanes; ++l) lane[l] = row[l < frames ? l : 0];
             interleavePairs(lane, task.frameSize, work.pairs);
             return sumFramesOfPairs<Kind>(task, work.pairs, frames, pf);
         }
