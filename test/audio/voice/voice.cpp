@@ -203,6 +203,20 @@ TEST(Voice, StrengthLiesOnTheCorrelationAtACandidate) {
     }
 }
 
+TEST(Voice, WhatIsLoudBetweenFramesDoesNotSpoilTheCorrelation) {
+    VOICEPARAM param = at(8000);
+    param.frameRate = 10;
+    Doubles wave = voiceOf([](double) { return 150.0; }, 1, 8000);
+    for (double& x : wave) x *= 1e-25;
+    wave[4400] = 1;
+    wave[4401] = -1;
+    const VOICESIZES sizes = voiceSizes(lengthOf(wave), param);
+    Doubles f0(static_cast<size_t>(sizes.frameNum));
+    std::vector<float> correlation(f0.size() * static_cast<size_t>(sizes.lagNum));
+    wave2f0(wave.data(), lengthOf(wave), param, f0.data(), nullptr, correlation.data());
+    for (const float value : correlation) ASSERT_LE(std::abs(value), 1);
+}
+
 TEST(Voice, ParametersOutsideTheirRangesAreNamed) {
     const struct {
         const char* field;
