@@ -158,6 +158,13 @@ TEST(Voice, RatesRangesAndFrameRatesOfEverySizeWork) {
             }
 }
 
+TEST(Voice, AFrameLiesAtEachInstantUpToTheLastSample) {
+    for (int i = 1; i < 1000; ++i) {
+        ASSERT_EQ(voiceSizes(80 * i, at(8000)).frameNum, i);
+        ASSERT_EQ(voiceSizes(80 * i + 1, at(8000)).frameNum, i + 1);
+    }
+}
+
 TEST(Voice, WhatIsKeptAndTheInstructionSetChangeNoBit) {
     const Doubles wave = speechLike(16000);
     const wavepitch::voice::Layout layout(lengthOf(wave), at(16000));

@@ -25,9 +25,7 @@ const char* voiceParamFault(const VOICEPARAM& param) {
     if (!isWithin(param.minFreq, 20, most)) return "minFreq must be 20 Hz or more";
     if (!(param.maxFreq > param.minFreq)) return "maxFreq must be above minFreq";
     if (!isWithin(param.maxFreq, 0, lagRate(param.fs) / 4))
-        return "maxFreq must be at most a quarter of the sample rate, and at most 2000 Hz at whole multiples "
-               "of "
-               "8000 Hz";
+        return "maxFreq must be at most a quarter of lagRate, 2000 Hz where fs is a multiple of 8000 Hz";
     if (!isWithin(param.frameRate, 1, 1000)) return "frameRate must be 1 to 1000 frames per second";
     if (!isWithin(param.voicingThreshold, 0, 1)) return "voicingThreshold must be 0 to 1";
     if (!isWithin(param.candidateThreshold, 0, 1)) return "candidateThreshold must be 0 to 1";
@@ -51,7 +49,8 @@ wavepitch::voice::Layout::Layout(int waveLength, const VOICEPARAM& param)
       lagNum(static_cast<std::size_t>(std::ceil(rate / param.minFreq)) + 2 - minLag),
       bandTop(std::min(2.5 * param.maxFreq, rate / 2)), waveLen(waveLength) {
     if (waveLength > 0) {
-        const double last = (waveLength - 1) / static_cast<double>(param.fs) * frameRate;
-        frameNum = static_cast<std::size_t>(std::floor(last)) + 1;
+        // Divided last: whole quotients are exact.
+        const double last = (waveLength - 1) * frameRate / param.fs;
+        frameNum = static_cast<std::size_t>(last) + 1;
     }
 }

@@ -39,7 +39,7 @@ struct VOICECANDIDATES {
 
 /// What the results of a recording measure.
 struct VOICESIZES {
-    int frameNum;   ///< frames: one at each multiple of 1 / frameRate seconds before the recording's end
+    int frameNum;   ///< frames: one at each multiple of 1 / frameRate seconds up to the last sample
     int lagNum;     ///< rows of the correlation matrix
     int minLag;     ///< lag of its first row, in samples at lagRate
     double lagRate; ///< fs by the whole number fs / 8000, rounded down, at least 1: samples per second
