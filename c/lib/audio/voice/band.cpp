@@ -96,8 +96,7 @@ Band::Band(BandFilter filterToUse, const Layout& layout, std::size_t most) : fil
     const auto margin = static_cast<std::int64_t>(layout.span() + 3 * layout.maxLag());
     const std::int64_t end = layout.waveLen / decimation + margin;
     keptFrom = -margin;
-    const auto num = static_cast<std::size_t>(end - keptFrom);
-    if (num > most) return;
+    const std::size_t num = std::min(static_cast<std::size_t>(end - keptFrom), most);
     kept.resize(num);
     for (std::size_t i = 0; i < num; i += pieceLen)
         filter.run(keptFrom + static_cast<std::int64_t>(i), std::min(pieceLen, num - i), kept.data() + i);

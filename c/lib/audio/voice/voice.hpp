@@ -76,8 +76,8 @@ VOICESIZES voiceSizes(int waveLen, const VOICEPARAM& param);
 ///
 /// Silence, a constant, and a recording with a sample that is not a finite number have no pitch: all results
 /// are 0. The time grows with the length; beyond the samples and the results it takes about 90 bytes for each
-/// frame, and at most 64 MB for the part of the recording that it keeps filtered (longer recordings, from
-/// about 35 minutes on, are filtered three times instead). Every instruction set gives the same results.
+/// frame, and at most 64 MB for the part of the recording that it keeps filtered (what lies behind, from 17
+/// to 35 minutes on, is filtered three times instead). Every instruction set gives the same results.
 ///
 /// Instances: double, int.
 template <typename Sample>
