@@ -11,9 +11,9 @@ namespace wavepitch::voice {
 
 /// Forms the band signal piece by piece:
 ///   low-pass   to the band's top, decimated
-///   high-pass  the signal less its part below the lowest frequency. That part is slow: its low-pass is
-///   formed
-///              at every few samples, and between them it is interpolated by cubics.
+///   high-pass  the signal less its part below the lowest frequency. That part is slow: it is formed at
+///              every few samples, and interpolated between them by cubics.
+///
 /// Beyond the recording the signal fades out as the filters do, then it is 0.
 class BandFilter {
 public:
