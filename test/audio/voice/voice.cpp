@@ -158,13 +158,20 @@ TEST(Voice, RatesRangesAndFrameRatesOfEverySizeWork) {
             }
 }
 
+TEST(Voice, AFrameLiesAtEachInstantUpToTheLastSample) {
+    for (int i = 1; i < 1000; ++i) {
+        ASSERT_EQ(voiceSizes(80 * i, at(8000)).frameNum, i);
+        ASSERT_EQ(voiceSizes(80 * i + 1, at(8000)).frameNum, i + 1);
+    }
+}
+
 TEST(Voice, WhatIsKeptAndTheInstructionSetChangeNoBit) {
     const Doubles wave = speechLike(16000);
     const wavepitch::voice::Layout layout(lengthOf(wave), at(16000));
     const wavepitch::voice::Source source(wave.data(), wave.size());
     std::vector<Doubles> all;
     withEveryKernel([&](const char*) {
-        for (const size_t most : {size_t{0}, wave.size()}) {
+        for (const size_t most : {size_t{0}, wave.size() / 4, wave.size()}) {
             all.emplace_back(layout.frameNum);
             wavepitch::voice::track(source, layout, at(16000), most,
                                     {all.back().data(), nullptr, nullptr, nullptr});
@@ -201,6 +208,20 @@ TEST(Voice, StrengthLiesOnTheCorrelationAtACandidate) {
         }
         ASSERT_TRUE(isCandidate) << i;
     }
+}
+
+TEST(Voice, WhatIsLoudBetweenFramesDoesNotSpoilTheCorrelation) {
+    VOICEPARAM param = at(8000);
+    param.frameRate = 10;
+    Doubles wave = voiceOf([](double) { return 150.0; }, 1, 8000);
+    for (double& x : wave) x *= 1e-25;
+    wave[4400] = 1;
+    wave[4401] = -1;
+    const VOICESIZES sizes = voiceSizes(lengthOf(wave), param);
+    Doubles f0(static_cast<size_t>(sizes.frameNum));
+    std::vector<float> correlation(f0.size() * static_cast<size_t>(sizes.lagNum));
+    wave2f0(wave.data(), lengthOf(wave), param, f0.data(), nullptr, correlation.data());
+    for (const float value : correlation) ASSERT_LE(std::abs(value), 1);
 }
 
 TEST(Voice, ParametersOutsideTheirRangesAreNamed) {
