@@ -122,6 +122,11 @@ TEST(Voice, NothingWithoutPeriodsHasPitch) {
     EXPECT_EQ(wave2f0<double>(nullptr, 0, at(8000), nullptr), 0);
 }
 
+TEST(Voice, FramesLieBeforeTheEnd) {
+    EXPECT_EQ(voiceSizes(800, at(8000)).frameNum, 10);
+    EXPECT_EQ(voiceSizes(801, at(8000)).frameNum, 11);
+}
+
 TEST(Voice, RatesRangesAndFrameRatesOfEverySizeWork) {
     const struct {
         int fs;
