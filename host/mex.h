@@ -56,7 +56,7 @@ WAVEPITCH_HOST_API int mexPrintf(const char* format, ...) __attribute__((format(
 
 /// A rows x columns matrix of zeros, owned by the host.
 WAVEPITCH_HOST_API mxArray* mxCreateDoubleMatrix_700(int rows, int columns, mxComplexity complexity);
-/// The same of an integer class.
+/// The same of an integer class or of single.
 WAVEPITCH_HOST_API mxArray* mxCreateNumericMatrix_700(int rows, int columns, mxClassID classID,
                                                       mxComplexity complexity);
 /// A row of characters.

@@ -58,6 +58,7 @@ size_t elementSize(mxClassID classID) {
         return 2;
     case mxINT32_CLASS:
     case mxUINT32_CLASS:
+    case mxSINGLE_CLASS:
         return 4;
     default:
         return 0;
@@ -68,6 +69,8 @@ const char* nameOf(mxClassID classID) {
     switch (classID) {
     case mxDOUBLE_CLASS:
         return "double";
+    case mxSINGLE_CLASS:
+        return "single";
     case mxCHAR_CLASS:
         return "char";
     case mxSTRUCT_CLASS:
@@ -142,7 +145,8 @@ mxArray* mxCreateDoubleMatrix_700(int rows, int columns, mxComplexity complexity
 mxArray* mxCreateNumericMatrix_700(int rows, int columns, mxClassID classID, mxComplexity complexity) {
     const size_t size = elementSize(classID);
     if (rows < 0 || columns < 0 || complexity != mxREAL || size == 0)
-        mexErrMsgTxt("mxCreateNumericMatrix: only real matrices of an integer class and non-negative size");
+        mexErrMsgTxt(
+            "mxCreateNumericMatrix: only real matrices of an integer class or single, of non-negative size");
     const auto m = static_cast<size_t>(rows);
     const auto n = static_cast<size_t>(columns);
     return created(std::unique_ptr<mxArray>(new mxArray{m, n, {}, classID, std::string(m * n * size, '\0')}));

@@ -16,7 +16,7 @@ struct mxArray_tag {
     size_t columns = 0;
     std::vector<double> data{}; // of doubles: rows x columns, column after column
     mxClassID classID = mxDOUBLE_CLASS;
-    std::string bytes{};                   // of characters and integers: the elements
+    std::string bytes{};                   // of characters, integers and singles: the elements
     std::vector<std::string> fieldNames{}; // of a struct of 1 x 1
     std::vector<mxArray_tag> fields{};     // of a struct: a value for each name
 };

@@ -63,7 +63,22 @@ Track byWave2pitch(const Recording& recording) {
     return track;
 }
 
-constexpr std::array trackers{Tracker{"wave2pitch", byWave2pitch}};
+Track byWave2f0(const Recording& recording) {
+    VOICEPARAM param;
+    param.fs = recording.fs;
+    param.minFreq = lowest;
+    param.maxFreq = highest;
+    param.frameRate = framesPerSecond;
+    const auto length = static_cast<int>(recording.samples.size());
+    Track track;
+    track.hertz.resize(static_cast<std::size_t>(voiceSizes(length, param).frameNum));
+    wave2f0(recording.samples.data(), length, param, track.hertz.data());
+    for (std::size_t i = 0; i < track.hertz.size(); ++i)
+        track.seconds.push_back(static_cast<double>(i) / framesPerSecond);
+    return track;
+}
+
+constexpr std::array trackers{Tracker{"wave2f0", byWave2f0}, Tracker{"wave2pitch", byWave2pitch}};
 
 Recording readRecording(const char* path) {
     SF_INFO info{};

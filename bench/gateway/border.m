@@ -22,6 +22,7 @@ framing = {"frameSize", 512, "overlap", 256};
 calls = {
   "wave2pitch-acf", 5, {"pfType", "acf"};
   "wave2pitch-amdf", 9, {"pfType", "amdf"};
+  "wave2f0", 5, {};
   "endPoints-volumeHod", 31, {"volumeHod"};
   "wave2volume", 31, framing;
   "absSpectrogram", 15, framing};

@@ -50,6 +50,12 @@ int main() {
 
     report("wave2pitch-acf", 5, [&] { track(wave, PF_ACF); });
     report("wave2pitch-amdf", 9, [&] { track(wave, PF_AMDF); });
+    report("wave2f0", 5, [&] {
+        VOICEPARAM param;
+        param.fs = fs;
+        std::vector<double> f0(static_cast<std::size_t>(voiceSizes(waveLen, param).frameNum));
+        wave2f0(unit.data(), waveLen, param, f0.data());
+    });
     report("endPoints-volumeHod", 31, [&] {
         EPDPARAM param;
         cAudio::epdParamSet(fs, param);

@@ -1,7 +1,6 @@
-// Prints the pitch of a recording, and draws it over the recording's spectrogram:
-//   pitchOverSpectrogram WAV [acf|amdf] [PICTURE.png]
-// One line per frame with pitch: time in seconds, pitch in semitones, frequency in Hz. The picture takes
-// gnuplot.
+// Prints the pitch of a voice, and draws it over the recording's spectrogram:
+//   pitchOverSpectrogram WAV [PICTURE.png]
+// One line per voiced frame: time in seconds, frequency in Hz. The picture takes gnuplot.
 //
 // Like a further gateway it uses the library alone; mexPrintf, which the library prints with, comes from the
 // stand-in host.
@@ -40,30 +39,23 @@ Recording readRecording(const char* path) {
     return recording;
 }
 
-/// The pitch at a time, 0 for none.
+/// A voiced frame.
 struct Point {
     double seconds;
-    double pitch;
+    double f0; // Hz
 };
 
-std::vector<Point> trackPitch(const Recording& recording, PF_TYPE pfType) {
-    PTPARAM ptParam;
-    cAudio::ptParamSet(&ptParam, recording.fs, 16, pfType, nullptr);
+std::vector<Point> trackPitch(const Recording& recording) {
+    VOICEPARAM param;
+    param.fs = recording.fs;
+    if (const char* fault = voiceParamFault(param)) throw std::runtime_error(fault);
     const auto length = static_cast<int>(recording.samples.size());
-    const int frameNum = std::max(0, cAudio::getFrameNum2(length, ptParam.frameSize, ptParam.overlap));
-    std::vector<double> pitch(static_cast<size_t>(frameNum));
-    ptByDpOverPfOnce<double, int>(recording.samples.data(), length, ptParam, pitch.data(), nullptr, nullptr,
-                                  nullptr);
+    std::vector<double> f0(static_cast<size_t>(voiceSizes(length, param).frameNum));
+    wave2f0(recording.samples.data(), length, param, f0.data());
     std::vector<Point> points;
-    for (int i = 0; i < frameNum; ++i) {
-        const int centre = cAudio::frame2sampleIndex(i, ptParam.frameSize, ptParam.overlap);
-        points.push_back({static_cast<double>(centre) / recording.fs, pitch[static_cast<size_t>(i)]});
-    }
+    for (size_t i = 0; i < f0.size(); ++i)
+        if (f0[i] > 0) points.push_back({static_cast<double>(i) / param.frameRate, f0[i]});
     return points;
-}
-
-double frequencyOf(double pitch) {
-    return static_cast<double>(cAudio::pitch2freq(static_cast<float>(pitch)));
 }
 
 /// The magnitudes up to 1.2 kHz in dB: rows of frequency, each a value for every frame of 32 ms each 5 ms.
@@ -104,8 +96,7 @@ void draw(const Recording& recording, const std::vector<Point>& points, const st
     if (spectrogram.frames < 2 || spectrogram.bins < 2)
         throw std::runtime_error("the recording is too short to be drawn");
     std::vector<double> voiced;
-    for (const Point& point : points)
-        if (point.pitch > 0.0) voiced.insert(voiced.end(), {point.seconds, frequencyOf(point.pitch)});
+    for (const Point& point : points) voiced.insert(voiced.end(), {point.seconds, point.f0});
 
     Gnuplot plot;
     plot.line("set terminal pngcairo size 1400,600 noenhanced");
@@ -129,15 +120,12 @@ void draw(const Recording& recording, const std::vector<Point>& points, const st
 } // namespace
 
 int main(int argc, char** argv) try {
-    if (argc < 2) throw std::runtime_error("usage: pitchOverSpectrogram WAV [acf|amdf] [PICTURE.png]");
+    if (argc < 2) throw std::runtime_error("usage: pitchOverSpectrogram WAV [PICTURE.png]");
     const Recording recording = readRecording(argv[1]);
-    const bool amdf = argc > 2 && std::string(argv[2]) == "amdf";
-    const std::vector<Point> points = trackPitch(recording, amdf ? PF_AMDF : PF_ACF);
-    for (const Point& point : points)
-        if (point.pitch > 0.0)
-            std::printf("%.3f %.2f %.1f\n", point.seconds, point.pitch, frequencyOf(point.pitch));
+    const std::vector<Point> points = trackPitch(recording);
+    for (const Point& point : points) std::printf("%.3f %.2f\n", point.seconds, point.f0);
     std::fflush(stdout);
-    if (argc > 3) draw(recording, points, argv[3]);
+    if (argc > 2) draw(recording, points, argv[2]);
     return 0;
 } catch (const char* message) { // the library's fatal errors
     std::fprintf(stderr, "%s\n", message);

@@ -55,6 +55,7 @@ private:
 void wave2pfMatCommand(Call& call);
 
 void wave2pitchCommand(Call& call);
+void wave2f0Command(Call& call);
 void wave2pvCommand(Call& call);
 void isWaveSilenceCommand(Call& call);
 void ptParamCommand(Call& call);

@@ -3,16 +3,19 @@
 #include "framing.hpp"
 
 #include "audio/audio.hpp"
+#include "audio/endPoint/curves.hpp"
 
 #include <algorithm>
 
 namespace {
 
+namespace endPoint = wavepitch::endPoint;
+
 /// What a detector has found and seen. Segments are samples from 1, first and last by turns.
 struct Detection {
     Framing framing;
     std::vector<double> segments{};
-    endPointCurve::Curve curve{};
+    endPoint::Curve curve{};
 
     void addFrames(int first, int last) {
         segments.insert(segments.end(), {framing.firstSample(first), framing.lastSample(last)});
@@ -31,7 +34,7 @@ struct Recording {
     int bitDepth(const Options& options) const {
         return options.has("nbits") ? options["nbits"].bitDepth() : input.sampleBits();
     }
-    Framing framing(endPointCurve::FrameLayout frames) const {
+    Framing framing(endPoint::FrameLayout frames) const {
         return {fs, frames.frameSize, frames.overlap, static_cast<int>(input.rows() * input.columns())};
     }
     /// Whether the user asks for the curve, its thresholds or its time.
@@ -72,7 +75,7 @@ Detection byVolumeOrHod(const Recording& recording, bool hod) {
     const auto detect = hod ? cAudio::epdByVolHod : cAudio::epdByVol;
     const SegmentArray segments(detect(wave.data(), waveLen, recording.fs, param, &segNum));
     std::for_each_n(segments.get(), segNum, [&](const SEGMENT& s) { found.addFrames(s.begin, s.end); });
-    const auto curveOf = hod ? endPointCurve::ofVolHod : endPointCurve::ofVol;
+    const auto curveOf = hod ? endPoint::volumeAndAshodCurve : endPoint::volumeCurve;
     if (recording.wantsCurve()) found.curve = curveOf(wave.data(), waveLen, param);
     return found;
 }
@@ -87,72 +90,64 @@ Detection byVolumeAndAshod(const Recording& recording) {
 
 Detection byTwoThresholds(const Recording& recording) {
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
-    Detection found{recording.framing(endPointCurve::vol2Frames)};
+    Detection found{recording.framing(endPoint::twoThresholdFrames)};
     const int waveLen = found.framing.waveLen;
     std::vector<int> frames(static_cast<size_t>(found.framing.frameNum()) + 1);
     const int count = cAudio::epdByVol2(wave.data(), waveLen, 0, frames.data(), 0);
     for (size_t i = 0; i < static_cast<size_t>(count); i += 2) found.addFrames(frames[i], frames[i + 1]);
-    if (recording.wantsCurve()) found.curve = endPointCurve::ofVol2(wave.data(), waveLen);
+    if (recording.wantsCurve()) found.curve = endPoint::twoThresholdCurve(wave.data(), waveLen);
     return found;
 }
 
 Detection byVolumeAndZcr(const Recording& recording) {
     const std::vector<int> wave = recording.input.samples(recording.bitDepth(recording.options({"nbits"})));
-    Detection found{recording.framing(endPointCurve::volZcrFrames)};
+    Detection found{recording.framing(endPoint::volumeAndZcrFrames)};
     const int waveLen = found.framing.waveLen;
     int start = 0;
     int end = 0;
     cAudio::epdByVolZcr(wave.data(), waveLen, 0, &start, &end);
     found.addSamples(start, end);
-    if (recording.wantsCurve()) found.curve = endPointCurve::ofVolZcr(wave.data(), waveLen);
+    if (recording.wantsCurve()) found.curve = endPoint::volumeAndZcrCurve(wave.data(), waveLen);
     return found;
 }
 
 Detection byCharacters(const Recording& recording) {
     const int maxNum = recording.options({"maxNum"}).whole("maxNum", 100, 1, 1000000);
     std::vector<double> wave = recording.input.unitSamples().copy();
-    Detection found{recording.framing(endPointCurve::characterFrames)};
+    Detection found{recording.framing(endPoint::characterFrames)};
     const int waveLen = found.framing.waveLen;
     std::vector<double> start(static_cast<size_t>(maxNum));
     std::vector<double> end(start.size());
     const int count =
         cAudio::charEndPointDetect(wave.data(), waveLen, recording.fs, start.data(), end.data(), maxNum);
     for (size_t i = 0; i < static_cast<size_t>(count); ++i) found.addSamples(start[i], end[i]);
-    if (recording.wantsCurve()) found.curve = endPointCurve::ofCharacters(wave.data(), waveLen);
+    if (recording.wantsCurve()) found.curve = endPoint::characterCurve(wave.data(), waveLen);
     return found;
 }
 
 Detection bySentence(const Recording& recording) {
     recording.options({});
     std::vector<double> wave = recording.input.unitSamples().copy();
-    Detection found{recording.framing(endPointCurve::characterFrames)};
+    Detection found{recording.framing(endPoint::characterFrames)};
     const int waveLen = found.framing.waveLen;
     int start = -1;
     int end = -1;
     cAudio::sentenceEndPointDetect(wave.data(), waveLen, recording.fs, &start, &end);
     if (start >= 0) found.addSamples(start, end);
-    if (recording.wantsCurve()) found.curve = endPointCurve::ofCharacters(wave.data(), waveLen);
+    if (recording.wantsCurve()) found.curve = endPoint::characterCurve(wave.data(), waveLen);
     return found;
 }
 
 Detection byHandset(const Recording& recording) {
     const int nbits = recording.bitDepth(recording.options({"nbits"}));
     std::vector<double> wave = recording.input.unitSamples().copy();
-    Detection found{recording.framing(endPointCurve::handsetFrames)};
+    Detection found{recording.framing(endPoint::handsetFrames)};
     const int waveLen = found.framing.waveLen;
     double frames[2] = {1e9, -1e9}; // where nothing is marked, the first sample comes out behind the last
     cAudio::endPointDetect4quokka(wave.data(), waveLen, recording.fs, nbits, frames);
     found.addSamples(frames[0], frames[1]);
-    if (recording.wantsCurve()) found.curve = endPointCurve::ofHandset(wave.data(), waveLen, recording.fs);
+    if (recording.wantsCurve()) found.curve = endPoint::handsetCurve(wave.data(), waveLen, recording.fs);
     return found;
-}
-
-mxArray* segmentRows(const Call& call, const std::vector<double>& segments, int waveLen) {
-    const size_t count = segments.size() / 2;
-    mxArray* array = matrix(call, static_cast<double>(count), 2);
-    for (size_t i = 0; i < segments.size(); ++i)
-        mxGetPr(array)[i % 2 * count + i / 2] = std::clamp(segments[i], 1.0, static_cast<double>(waveLen));
-    return array;
 }
 
 /// A feature of frames, written by the library: compute (wave, framing, values).

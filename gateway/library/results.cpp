@@ -19,12 +19,29 @@ void fill(mxArray* array, const std::vector<int>& samples) {
         *out++ = static_cast<T>(std::clamp(std::int64_t{sample} + offset, least, most));
 }
 
+void checkSize(const Call& call, double rows, double columns) {
+    if (rows * columns > mostInt || rows > mostInt || columns > mostInt)
+        call.refuse("the result would have more than 2147483647 elements");
+}
+
 } // namespace
 
 mxArray* matrix(const Call& call, double rows, double columns) {
-    if (rows * columns > mostInt || rows > mostInt || columns > mostInt)
-        call.refuse("the result would have more than 2147483647 elements");
+    checkSize(call, rows, columns);
     return mxCreateDoubleMatrix(static_cast<int>(rows), static_cast<int>(columns), mxREAL);
+}
+
+mxArray* singleMatrix(const Call& call, double rows, double columns) {
+    checkSize(call, rows, columns);
+    return mxCreateNumericMatrix(static_cast<int>(rows), static_cast<int>(columns), mxSINGLE_CLASS, mxREAL);
+}
+
+mxArray* segmentRows(const Call& call, const std::vector<double>& segments, int waveLen) {
+    const size_t count = segments.size() / 2;
+    mxArray* array = matrix(call, static_cast<double>(count), 2);
+    for (size_t i = 0; i < segments.size(); ++i)
+        mxGetPr(array)[i % 2 * count + i / 2] = std::clamp(segments[i], 1.0, static_cast<double>(waveLen));
+    return array;
 }
 
 mxArray* scalar(double value) {

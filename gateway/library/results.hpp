@@ -8,6 +8,12 @@
 /// A rows x columns matrix of zeros; refuses one that the host's 32-bit dimensions do not hold.
 mxArray* matrix(const Call& call, double rows, double columns);
 
+/// The same of class single.
+mxArray* singleMatrix(const Call& call, double rows, double columns);
+
+/// Segments, given as first and last sample by turns and from 1, as a row each; kept within the recording.
+mxArray* segmentRows(const Call& call, const std::vector<double>& segments, int waveLen);
+
 /// One value for each frame, or any other list: 1 x n. Each element is converted to double and shifted.
 template <typename T>
 mxArray* row(const std::vector<T>& values, double shift = 0) {

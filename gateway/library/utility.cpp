@@ -3,7 +3,6 @@
 #include "results.hpp"
 
 #include "utility/scaling/linearScaling.hpp"
-#include "utility/scaling/scaleGrid.hpp"
 #include "utility/scaling/shiftDistance.hpp"
 #include "utility/setCover/setCover.hpp"
 
@@ -49,19 +48,21 @@ void linearScalingCommand(Call& call) {
     std::vector<double> shift(count, notANumber);
     std::vector<double> scaled(reference.size());
     std::vector<double> difference(reference.size());
-    int best = 0;
+    int unused = 0;
     if (options.flag("shift", true))
         linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper, resolution, type,
-                      distance.data(), shift.data(), scaled.data(), difference.data(), best, infinity);
+                      distance.data(), shift.data(), scaled.data(), difference.data(), unused, infinity);
     else
         linearScaling(query.data(), queryLen, reference.data(), referenceLen, lower, upper, resolution, type,
-                      distance.data(), scaled.data(), best);
+                      distance.data(), scaled.data(), unused);
+    // The library's choice counts a scale that is too short to compare as noMatchDistance, which numbers that
+    // are large enough exceed: the best of those compared is looked for here.
     std::replace(distance.begin(), distance.end(), noMatchDistance, infinity);
     const auto least = std::min_element(distance.begin(), distance.end());
     const auto scale = static_cast<int>(least - distance.begin());
+    const double ratio = wavepitch::utility::scaleRatio(lower, upper, resolution, scale);
     call.give(0, scalar(*least));
-    if (call.wants(1))
-        call.give(1, scalar(*least < infinity ? scaleRatio(lower, upper, resolution, scale) : notANumber));
+    if (call.wants(1)) call.give(1, scalar(*least < infinity ? ratio : notANumber));
     if (call.wants(2)) call.give(2, row(distance));
     if (call.wants(3)) call.give(3, row(shift));
 }

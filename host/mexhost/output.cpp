@@ -20,8 +20,10 @@ std::vector<double> converted(const std::string& bytes) {
     return {elements.begin(), elements.end()};
 }
 
-std::vector<double> integersOf(const mxArray& array) {
+std::vector<double> elementsOf(const mxArray& array) {
     switch (array.classID) {
+    case mxSINGLE_CLASS:
+        return converted<float>(array.bytes);
     case mxINT8_CLASS:
         return converted<std::int8_t>(array.bytes);
     case mxUINT8_CLASS:
@@ -58,8 +60,8 @@ bool holdsNumbers(const mxArray& array) {
 }
 
 mxArray withDoubles(const mxArray& array) {
-    const bool isInteger = holdsNumbers(array) && array.classID != mxDOUBLE_CLASS;
-    return isInteger ? mxArray{array.rows, array.columns, integersOf(array)} : array;
+    const bool isConverted = holdsNumbers(array) && array.classID != mxDOUBLE_CLASS;
+    return isConverted ? mxArray{array.rows, array.columns, elementsOf(array)} : array;
 }
 
 std::string summary(const mxArray& array) {

@@ -8,7 +8,7 @@
 /// Whether an array is a matrix of numbers: neither characters nor a struct.
 bool holdsNumbers(const mxArray& array);
 
-/// The array, or an integer matrix as one of doubles.
+/// The array, or a matrix of integers or singles as one of doubles.
 mxArray withDoubles(const mxArray& array);
 
 /// Characters in quotes; a struct's fields, one in a line; of a matrix "128 x 340, min -0.5, max 2.25, mean

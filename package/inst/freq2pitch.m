@@ -11,7 +11,7 @@
 % Example
 %   freq2pitch ([220 440])
 %
-% See also: pitch2freq, wave2pitch
+% See also: pitch2freq, wave2f0, wave2pitch
 
 function varargout = freq2pitch (varargin)
   varargout = cell (1, max (nargout, 1));

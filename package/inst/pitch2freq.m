@@ -11,7 +11,7 @@
 % Example
 %   pitch2freq ([60 69])
 %
-% See also: freq2pitch, wave2pitch
+% See also: freq2pitch, wave2f0, wave2pitch
 
 function varargout = pitch2freq (varargin)
   varargout = cell (1, max (nargout, 1));

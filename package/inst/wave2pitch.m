@@ -5,6 +5,12 @@
 % Tracks the pitch by dynamic programming over the pitch function (ACF or AMDF) of each frame.  Without an
 % output, draws the waveform and the pitch over the pitch-function matrix.
 %
+% Take wave2f0 to measure speech and singing in real recordings, in noise and on the telephone, too: it finds
+% frequencies between whole lags, and decides on voiced or unvoiced by the whole course of the voice.  Take
+% wave2pitch to work with the pitch function itself: it tracks whole lags over the AMDF or ACF of integer samples,
+% hands out that matrix, and has every step of its search as an option.  That matrix is the same to the last bit on
+% every processor; the results of wave2f0 are so with one C library, whichever instructions the processor has.
+%
 % Inputs
 %   WAVE       recording of one channel, a row or a column: class double or single with samples from -1 to 1,
 %              as audioread gives them; or int8, uint8 (around 128), int16 or int32.
@@ -56,16 +62,11 @@
 %   [pitch, time] = wave2pitch (note2wave ([60 64 67], [0.4 0.4 0.4], fs), fs);
 %   plot (time, pitch, ".")
 %
-% See also: ptParam, wave2pv, pitch2wave, endPoints
+% See also: wave2f0, ptParam, wave2pv, pitch2wave, endPoints
 
 function varargout = wave2pitch (varargin)
-  draw = @(in, out) drawPitch (in{1:2}, isInHz (in), out{:});
+  draw = @(in, out) drawPitch (in{1:2}, isInHz (in, false), out{:});
   varargout = resultOrPicture ("wave2pitch", varargin, nargout, 5, draw);
-end
-
-function inHz = isInHz (arguments)
-  unit = arguments(4:2:end)(strcmpi (arguments(3:2:end), "unit"));
-  inHz = ! isempty (unit) && strcmpi (unit{end}, "Hz");
 end
 
 %!shared fs, wave

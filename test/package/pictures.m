@@ -66,6 +66,11 @@ for unit = {"semitone", "Hz"; "Pitch (semitones)", "Pitch (Hz)"}
   assertLine (axes(2), 1, time, 1000 ./ wave2pitch (wave, fs, "unit", "Hz"));
   assertLine (axes(3), 1, time, withGaps (pitch));
   assertLabels (axes(3), "Time (s)", unit{2});
+
+  [f0, time] = wave2f0 (wave, fs);
+  axes = drawn ("wave2f0", wave, fs, "unit", unit{1});
+  assertLine (axes(1), 1, sampleTimes, wave);
+  assertLine (axes(2), 1, time, withGaps (f0 / 1000));
 end
 
 axes = drawn ("absSpectrogram", wave, fs);
@@ -101,6 +106,6 @@ end
 pv = wave2pv (wave, fs);
 assertLine (drawn ("wave2pv", wave, fs), 1, (0:numel (pv) - 1) * 0.032, withGaps (pv / 10));
 assertLine (drawn ("note2pv", [60, 0], [0.1, 0.1], 0.05), 1, [0, 0.05, 0.1, 0.15], [60, 60, NaN, NaN]);
-for silent = {"wave2pitch", "absSpectrogram", "endPoints"}  % nothing to draw is drawn as well
+for silent = {"wave2pitch", "wave2f0", "absSpectrogram", "endPoints"}  % nothing to draw is drawn as well
   drawn (silent{1}, [0, 0], fs);
 end

@@ -63,6 +63,11 @@ void pitch() {
         PTPARAM param{};
         cAudio::ptParamSet(&param, fs, 16, type, nullptr);
         give(type == PF_ACF ? "ptParam" : "ptParam AMDF", 1, fields(param));
+        if (type == PF_AMDF) {
+            param.minPitch = 45;
+            param.medianFilterOrder = 3;
+            param.useVolThreshold = 0;
+        }
         const int count = cAudio::getFrameNum2(waveLen, param.frameSize, param.overlap);
         Doubles semitones = zeros(count);
         Doubles clarity = zeros(count);
@@ -85,6 +90,23 @@ void pitch() {
     give("wave2pv", 1, Ints(pv, pv + pvLen));
     std::free(pv);
     give("isWaveSilence", 1, row(cAudio::isWaveSilence(shorts, fs, 16, 20000)));
+}
+
+void voice() {
+    VOICEPARAM param;
+    param.fs = fs;
+    param.minFreq = 80;
+    param.maxFreq = 500;
+    param.frameRate = 200;
+    param.voicingThreshold = 0.5;
+    const VOICESIZES sizes = voiceSizes(waveLen, param);
+    Doubles f0 = zeros(sizes.frameNum);
+    Doubles strength = zeros(sizes.frameNum);
+    std::vector<float> correlation(zeros(sizes.frameNum * sizes.lagNum).size());
+    wave2f0(samples.data(), waveLen, param, f0.data(), strength.data(), correlation.data());
+    give("wave2f0", 1, f0);
+    give("wave2f0", 3, strength);
+    give("wave2f0", 5, correlation);
 }
 
 void endPoints() {
@@ -186,6 +208,7 @@ int main(int, char** argv) {
     read(argv[1]);
     directory = argv[2];
     pitch();
+    voice();
     endPoints();
     features();
     spectra();

@@ -12,3 +12,4 @@
 #include "audio/pitchTracking/path.hpp"
 #include "audio/pitchTracking/tracker.hpp"
 #include "audio/spectrum/fft.hpp"
+#include "audio/voice/voice.hpp"

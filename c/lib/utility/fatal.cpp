@@ -33,7 +33,7 @@ void myExit(const char* msg) {
     throw message.c_str();
 }
 
-void myExitFormatted(const char* format, ...) {
+void wavepitch::utility::myExitFormatted(const char* format, ...) {
     char msg[messageSize];
     std::va_list args;
     va_start(args, format);

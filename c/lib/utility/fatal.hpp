@@ -4,8 +4,18 @@
 //   C  mexErrMsgTxt: the host reports the message and ends the call.
 #pragma once
 
+namespace wavepitch::utility {
+
 /// The source path that messages of the utility library carry.
 inline constexpr char utilitySourcePath[] = "../../../../c/lib/utility/utility";
+
+/// myExit with a message formatted as printf does, cut at 999 characters.
+[[noreturn, gnu::format(printf, 1, 2)]] void myExitFormatted(const char* format, ...);
+
+} // namespace wavepitch::utility
+
+using wavepitch::utility::myExitFormatted;
+using wavepitch::utility::utilitySourcePath;
 
 /// Fatal path A. Rewrites the error log ("error.log" in the directory of getTempDir) with the one line
 /// "Error: MESSAGE", says so on the host console if the log could be opened, and throws a const char* that
@@ -16,9 +26,6 @@ inline constexpr char utilitySourcePath[] = "../../../../c/lib/utility/utility";
 /// The text behind the thrown pointer is a copy that belongs to the library: it outlives the unwinding and
 /// stays valid until the same thread's next fatal error, and is not to be freed.
 [[noreturn]] void myExit(const char* msg);
-
-/// myExit with a message formatted as printf does, cut at 999 characters.
-[[noreturn, gnu::format(printf, 1, 2)]] void myExitFormatted(const char* format, ...);
 
 /// Fatal path A under another name.
 [[noreturn]] void showErrorMsg(const char* msg);

@@ -4,8 +4,12 @@
 #include <cstdio>
 #include <memory>
 
+namespace wavepitch::utility {
+
 struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+} // namespace wavepitch::utility
+
+using FileHandle = std::unique_ptr<std::FILE, wavepitch::utility::FileCloser>;

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <limits>
 
-int truncateToInt(double x) {
+int wavepitch::utility::truncateToInt(double x) {
     constexpr double above = 2147483648.0; // 2^31
     if (x >= above) return std::numeric_limits<int>::max();
     if (x <= -above) return std::numeric_limits<int>::min();
     return x == x ? static_cast<int>(x) : 0;
 }
 
-int clampToInt(std::int64_t value) {
+int wavepitch::utility::clampToInt(std::int64_t value) {
     return static_cast<int>(
         std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }

@@ -17,8 +17,15 @@ int myRound(double x);
 /// @return  the quotient; 0 for b = 0; the nearest end of the range of int where the quotient leaves it.
 int intDiv(int a, int b);
 
+namespace wavepitch::utility {
+
 /// Truncation toward zero; not-a-number gives 0, values beyond the range of int give its nearest end.
 int truncateToInt(double x);
 
 /// The value itself, or the nearest end of the range of int where it leaves it.
 int clampToInt(std::int64_t value);
+
+} // namespace wavepitch::utility
+
+using wavepitch::utility::clampToInt;
+using wavepitch::utility::truncateToInt;

@@ -13,7 +13,7 @@ TEST(Volume, OfOneFrame) {
                                                 {{0, 10, 0, 10}, 3, 4},
                                                 {{0, 0}, 3, INT_MIN}};
     for (const auto& [frame, method, expected] : cases) {
-        double volume = -1;
+        int volume = -1;
         wave2volume(frame.data(), lengthOf(frame), lengthOf(frame), 0, &volume, method);
         EXPECT_EQ(volume, expected) << "method " << method << ", " << frame[0];
     }
@@ -38,7 +38,7 @@ TEST(FrameFeatures, EachFrameHasItsOwnAndNoMoreAreWritten) {
 }
 
 TEST(Ashod, SampleTypesOrdersAndSaturation) {
-    const double frame[] = {1, 3, 2, 5, -4, 0};
+    const int frame[] = {1, 3, 2, 5, -4, 0};
     const int sums[] = {19, 32, 48, 64, 64};
     for (int order = 1; order <= 5; ++order) {
         EXPECT_EQ(frame2ashod(frame, 6, order), sums[order - 1]) << order;

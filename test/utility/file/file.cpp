@@ -2,7 +2,8 @@
 
 #include "utility/fileHandle.hpp"
 
-#include <filesystem>
+#include <cstring>
+#include <dirent.h>
 #include <unistd.h>
 
 namespace {
@@ -10,65 +11,68 @@ namespace {
 using namespace std::string_literals;
 
 /// The file of these tests, in the directory that they run in; scratch gives it a content.
-constexpr char path[] = "scratch.BIN";
+constexpr char path[] = "scratch.bin";
 
 const char* scratch(const std::string& content) {
-    fileWrite(path, content.data(), static_cast<long>(content.size()));
+    fileWrite(path, content.data(), long(content.size()));
     return path;
 }
 
-/// Lines with their newlines, cut after size characters.
-List pieces(const std::string& content, std::size_t size) {
-    List result;
-    for (std::size_t begin = 0; begin < content.size(); begin += result.back().size()) {
-        const std::size_t last = std::min(content.find('\n', begin), content.size() - 1);
-        result.push_back(content.substr(begin, std::min(size, last - begin + 1)));
-    }
-    return result;
+std::string content() {
+    std::string whole;
+    fileRead(path, whole);
+    return whole;
 }
 
-TEST(FileDeathTest, FormsAreWrittenByteForByte) {
-    const Ints ints{INT_MIN, 7};
-    std::string text, all;
-    const auto next = [&] { fileRead(path, text), all += text; };
-    scratch("old"), logVar(0.1, path), logVar(0.1F, path), logVar(7, path), next();
-    fileWrite(path, 0.1), next(), fileWrite(path, 1e10F), next();
-    fileWrite(path, ints), next(), vecWrite(ints.data(), 2, path), next();
-    strVecPrint({"a b", ""}, "list", path), next();
-    fileWrite(path, "z\0z", 3), next(), fileWrite(path, "z", -1), next(); // text ends at NUL
-    EXPECT_EQ(all, "old0.100000\n0.100000\n7\n0.1\n1e+10\n-2147483648\n7\n-2147483648 7 \na b\n\nz");
-    // Standard output and standard error change places: the message is on the former.
-    EXPECT_EXIT((dup2(1, 99), dup2(2, 1), dup2(99, 2), vecWrite(ints.data(), 2, "/nowhere/a")),
-                testing::ExitedWithCode(1), "^Error: Cannot open \"/nowhere/a\"!\n$");
+TEST(File, HoldsWhatIsWritten) {
+    fileWrite(path, 1e10F);
+    EXPECT_EQ(content(), "1e+10\n");
+    fileWrite(path, 0.1);
+    logVar(0.1, path);
+    logVar(2.5F, path);
+    logVar(7, path);
+    EXPECT_EQ(content(), "0.1\n0.100000\n2.500000\n7\n");
+    fileWrite(path, Ints{INT_MIN, 7});
+    EXPECT_EQ(content(), "-2147483648\n7\n");
+    strVecPrint({"a b", ""}, "list", path);
+    EXPECT_EQ(content(), "a b\n\n");
+    vecWrite("Az", 2, path);
+    EXPECT_EQ(content(), "65 122 \n");
+    fileWrite(path, "z", -1);
+    EXPECT_EQ(content(), "");
 }
 
-TEST(File, LinesArriveInPieces) {
-    List contents{"", "ab\ncd\n", "ab\ncd", "\n%x\n\n a\r\n"};
-    for (const std::size_t length :
-         {997U, 998U, 999U, 1000U, 1998U, 99997U, 99998U, 99999U, 100000U, 199998U})
-        for (const char* end : {"", "\n"}) contents.push_back(std::string(length, 'a') + end);
-    for (const std::string& content : contents) {
-        const ConsoleCapture console;
-        List lines{"replaced"}, expected;
-        std::string warnings;
-        for (std::string piece : pieces(content, 99999)) {
-            if (piece.size() == 99999)
-                warnings += "Warning: Array is likely too small for reading string from scratch.BIN!!! "
-                            "(line N of file ../../../../c/lib/utility/utility)\n";
-            if (piece.back() == '\n') piece.pop_back();
-            if (!piece.empty() && piece[0] != '%') expected.push_back(piece);
-        }
-        fileRead(scratch(content), lines, '%');
-        EXPECT_TRUE(lines == expected) << content.size();
-        EXPECT_EQ(withoutLineNumber(console.text()), warnings) << content.size();
-        EXPECT_EQ(getFileLineCount(path), lengthOf(pieces(content, 999))) << content.size();
-        const List byNumber = pieces(content, 998);
-        for (std::size_t n = 0; n < byNumber.size() + 2; ++n) { // from no line 0 to none beyond the last
-            std::string buffer(1000, '#'), line = n == 0 || n > byNumber.size() ? "#" : byNumber[n - 1];
-            getLineInFile(path, static_cast<int>(n), buffer.data());
-            EXPECT_EQ(buffer.c_str(), line.substr(0, line.size() - 1)) << content.size() << " line " << n;
-        }
+TEST(File, BytesAreReadAsTheyAreAndTextUpToANul) {
+    long size = 0;
+    char* buffer = fileRead(scratch("z\0\r\n"s), size);
+    EXPECT_EQ(std::string(buffer, size_t(size)), "z\0\r\n"s);
+    std::free(buffer);
+    EXPECT_EQ(content(), "z");
+}
+
+TEST(File, LongLinesArriveInPieces) {
+    const std::string longest(99998, 'a');
+    const ConsoleCapture console;
+    List lines{"replaced"};
+    fileRead(scratch(longest + "\n" + longest + "bc\n\n%x\n d\r\nla\0st\nend"s), lines, '%');
+    EXPECT_TRUE(lines == (List{longest, longest + "b", "c", " d\r", "la", "end"}));
+    const std::string warning = "Warning: Array is likely too small for reading string from scratch.bin!!! "
+                                "(line N of file ../../../../c/lib/utility/utility)\n";
+    EXPECT_EQ(withoutLineNumber(console.text()), warning + warning);
+    EXPECT_EQ(fileRead(scratch("a\tb\n\t\n%c\n")), (std::vector<List>{{"a", "b"}, {"", ""}, {"%c"}}));
+}
+
+TEST(File, LinesAreCountedAndFoundByNumber) {
+    const std::string a998(998, 'a');
+    scratch(a998 + "ab\nlast");
+    const List lines{"", a998.substr(1), "ab", "las", ""}; // each without its last character
+    for (size_t number = 0; number < lines.size(); ++number) {
+        char buffer[999] = "#";
+        getLineInFile(path, int(number), buffer);
+        EXPECT_EQ(buffer, lines[number]) << "line " << number;
     }
+    EXPECT_EQ(getFileLineCount(path), 3);
+    EXPECT_EQ(getFileLineCount(scratch(a998 + "\n\n")), 2);
 }
 
 TEST(File, ThePathMayBeOneOfTheLinesThatAreReplaced) {
@@ -80,60 +84,89 @@ TEST(File, ThePathMayBeOneOfTheLinesThatAreReplaced) {
     EXPECT_NE(console.text().find(" from " + name + "!!!"), std::string::npos) << console.text();
 }
 
-TEST(File, TextForms) {
-    EXPECT_EQ(fileRead(scratch("a\tb\n\n\t\n\0lost\nla\0lost\n%c\n"s)),
-              (std::vector<List>{{"a", "b"}, {"", ""}, {"la"}, {"%c"}}));
-    List keys{"old"}, values{"kept"};
+TEST(File, KeysAndValuesStandAroundTheFirstEqualsSign) {
+    List keys{"old"};
+    List values{"kept"};
     keyValuePairRead(scratch("% a = 1\n a = b=c \r\nno pair\n=\nx y\v=\f% = z\na=\nk%=\n"), keys, values);
     EXPECT_EQ(keys, (List{"old", "a", "", "x y", "a"}));
     EXPECT_EQ(values, (List{"kept", "b=c", "", "", ""}));
-    const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
-    const auto openBefore = open();
-    const auto console = standIn::setConsole([](std::string_view) { throw 1; });
-    EXPECT_THROW(fileRead(scratch(std::string(99999, 'a')), keys, '%'), int) << "the host gives up";
-    standIn::setConsole(console);
-    EXPECT_EQ(open(), openBefore);
 }
 
-TEST(File, TablesReadAsScanfDoesAndKeepWhatTheFileDoesNotGive) {
-    Ints table, plain;
-    for (unsigned round = 0; round < 300; ++round) {
-        std::string text;
-        for (unsigned rest = round * 12345679; rest > 0; rest /= 10) text += " \n\t+-0198x"[rest % 10];
-        const FileHandle stream(openFile(scratch(text), "r"));
-        plain = table = {-9, -9, -9, -9};
-        for (int& value : plain) std::ignore = std::fscanf(stream.get(), "%d\n", &value);
-        readTxtTable(path, table.data(), 4);
-        EXPECT_EQ(table, plain) << text;
+TEST(File, NumbersAreReadUpToTheFirstTextThatIsNone) {
+    Ints ints{9};
+    fileRead(scratch("2147483648 -99999999999999999999\v-2147483648\r+80.5 9"), ints);
+    EXPECT_EQ(text(ints), "2147483647 -2147483648 -2147483648 80");
+    std::vector<float> floats{9};
+    fileRead(scratch("1.5\n-2e1 1e39 x 4"), floats);
+    EXPECT_EQ(text(floats), "1.5 -20 inf");
+    Doubles doubles{9};
+    fileRead(path, doubles);
+    EXPECT_EQ(text(doubles), "1.5 -20 1e+39");
+}
+
+TEST(Table, KeepsWhatTheFileDoesNotGive) {
+    Ints table{9, 9, 9, 9};
+    readBinTable(scratch("\1\1\1\1\1\1\1"), table.data(), 3);
+    EXPECT_EQ(text(table), "16843009 9 9 9"); // a part of a value is none
+    readTxtTable(scratch("7 --5 6"), table.data(), 3);
+    EXPECT_EQ(text(table), "7 9 -5 9"); // a lone sign is none
+    Ints large(1500, 9);
+    readBinTable(scratch(std::string(6000, '\0')), large.data(), 1499);
+    EXPECT_EQ(std::find(large.begin(), large.end(), 9), large.end() - 1);
+}
+
+TEST(Table, HasTheFormThatItsExtensionNames) {
+    const std::pair<const char*, int> cases[] = {
+        {"a.bin", 0x31313131}, {"a.BIN", 0x31313131}, {"a.txt", 1111}, {"a.TXT", 1111}};
+    for (const auto& [name, expected] : cases) {
+        fileWrite(name, 1111.0);
+        int value = 9;
+        readTable(name, &value, 1);
+        EXPECT_EQ(value, expected) << name;
     }
-    fileRead(scratch("2147483648 -99999999999999999999 -2147483648 8.5 9"), table);
-    EXPECT_EQ(table, (Ints{INT_MAX, INT_MIN, INT_MIN, 8}));
-    table.assign(3000, -9);
-    plain.assign(3000, 0x01010101);
-    plain.back() = -9; // the file has but a part of it
-    readTable(scratch(std::string(11999, '\1')), table.data(), 3000);
-    EXPECT_EQ(table, plain);
-    const std::string rule = ": The only allowed extensions are \"txt\" and \"bin\"";
-    const List names{"a.TXT", "a.txt", "a.bin", "a.Txt", "table", "a.txt/b"}; // the first three are opened
-    for (std::size_t i = 0; i < names.size(); ++i)
-        EXPECT_EQ(fatalMessage([&] { readTable(names[i].c_str(), table.data(), 1); }),
-                  (i < 3 ? "Cannot open file " + names[i] : "Error in reading " + names[i] + rule) +
-                      inUtility);
+    EXPECT_EQ(fatalMessage([] { readTable<int>("a.b", nullptr, 1); }),
+              "Error in reading a.b: The only allowed extensions are \"txt\" and \"bin\"" + inUtility);
 }
 
-TEST(File, NamesSizesAndListings) {
-    const FileHandle stream(openFile(scratch("12345"), "r"));
-    unlink(path);
+TEST(FileDeathTest, ThatDoesNotOpenIsFatal) {
+    EXPECT_EQ(fatalMessage([] { openFile("/nowhere/a", "r"); }), "Cannot open file /nowhere/a" + inUtility);
+    const auto writeRow = [] {
+        dup2(2, 1); // the message goes to standard output
+        vecWrite("a", 1, "/nowhere/a");
+    };
+    EXPECT_EXIT(writeRow(), testing::ExitedWithCode(1), "^Error: Cannot open \"/nowhere/a\"!\n$");
+}
+
+TEST(File, SizeIsToldWithoutMoving) {
+    const FileHandle stream(openFile(scratch("12"), "r"));
     std::getc(stream.get());
-    EXPECT_EQ(getFileSize(stream.get()), 5);
-    EXPECT_EQ(std::getc(stream.get()), '2') << "the position is kept";
-    EXPECT_EQ(getFileSize("/"), 0) << "a directory tells no size";
-    EXPECT_EQ(fileExist("/") + fileExist(path) + fileExist(nullptr), 1);
-    const ConsoleCapture console;
+    EXPECT_EQ(getFileSize(stream.get()), 2);
+    EXPECT_EQ(std::getc(stream.get()), '2');
+    EXPECT_EQ(getFileSize("/"), 0);
+}
+
+TEST(File, NamesAndListings) {
+    EXPECT_EQ(fileExist("/"), 1);
+    EXPECT_EQ(fileExist("/nowhere/a"), 0);
+    EXPECT_STREQ(getExtName("none"), "");
+    char directory[] = "a.b\\c\\";
     List list;
-    char directory[] = "a.b\\c";
+    const ConsoleCapture console;
     fileListRecursive(list, directory, "*");
-    EXPECT_EQ(getExtName(directory) + console.text(), "b/cNo files in current directory!\n");
+    EXPECT_STREQ(getExtName(directory), "b/c/");
+    EXPECT_EQ(console.text(), "No files in current directory!\n");
+}
+
+TEST(File, OwnAndParentDirectoryAreNoEntries) {
+    const auto listed = [](const char* name) {
+        dirent entry{};
+        std::strcpy(entry.d_name, name);
+        return taone(&entry);
+    };
+    EXPECT_EQ(listed("."), 0);
+    EXPECT_EQ(listed(".."), 0);
+    EXPECT_EQ(listed(".a"), 1);
+    EXPECT_EQ(taone(nullptr), 0);
 }
 
 } // namespace

@@ -3,37 +3,26 @@
 // 3. Frames above a threshold inside that range are on; runs of them are segments.
 // 4. Short segments go.
 // 5. The last segment that is left goes if it is detached: short, and far after the one before.
-#include "audio/endPoint/byVolume.hpp"
-
-#include "audio/endPoint/ashod.hpp"
-#include "audio/endPoint/curves.hpp"
-#include "audio/endPoint/levelThreshold.hpp"
-#include "audio/endPoint/volume.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/endPoint/detectors.hpp"
+#include "audio/endPoint/endPoint.hpp"
 #include "utility/rounding.hpp"
 
-namespace {
+#include <algorithm>
+#include <cstdint>
 
-using Levels = std::vector<int>;
-
-Levels volumes(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    auto volume = valuePerFrame<int>(waveLen, epdParam.frameSize, epdParam.overlap);
-    wave2volume(wave, waveLen, epdParam.frameSize, epdParam.overlap, volume.data(), 1);
-    return volume;
-}
+namespace wavepitch::endPoint {
 
 Levels volumesAndAshods(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    Levels level = volumes(wave, waveLen, epdParam);
+    Levels level = frameVolumes(wave, waveLen, {epdParam.frameSize, epdParam.overlap});
     Levels ashod(level.size());
-    cAudioAshod::wave2ashod(wave, waveLen, epdParam.frameSize, epdParam.overlap, ashod.data(),
-                            epdParam.diffOrder);
+    cAudioEndPoint::wave2ashod(wave, waveLen, epdParam.frameSize, epdParam.overlap, ashod.data(),
+                               epdParam.diffOrder);
     std::transform(level.begin(), level.end(), ashod.begin(), level.begin(),
                    [](std::int64_t v, std::int64_t h) { return static_cast<int>((v + h) / 2); });
     return level;
 }
 
-/// Of at least one level: inside their range without about the 32nd part at either end.
-int thresholdOf(Levels level, int ratio) {
+int rangeThreshold(Levels level, int ratio) {
     const auto frameNum = static_cast<int>(level.size());
     const int k = std::max(1, myRound(static_cast<float>(frameNum * 0.03125)));
     const auto low = level.begin() + (k - 1);
@@ -44,11 +33,11 @@ int thresholdOf(Levels level, int ratio) {
     return levelThreshold(lowest, *high, ratio);
 }
 
-endPointCurve::Curve curveOf(const Levels& level, int ratio) {
-    endPointCurve::Curve curve{{level.begin(), level.end()}, {}};
-    if (!level.empty()) curve.thresholds = {static_cast<double>(thresholdOf(level, ratio))};
-    return curve;
-}
+} // namespace wavepitch::endPoint
+
+namespace {
+
+using wavepitch::endPoint::Levels;
 
 /// Frames in a duration, each step in single precision.
 int framesIn(float seconds, int fs, const EPDPARAM& epdParam) {
@@ -71,7 +60,7 @@ SEGMENT* withoutDetached(SEGMENT* first, SEGMENT* last, int maxSilence, int minF
 SEGMENT* segmentsOf(Levels level, int ratio, int fs, const EPDPARAM& epdParam, int* segNum) {
     *segNum = 0;
     if (level.empty()) return segmentFind(level.data(), 0, segNum);
-    const int threshold = thresholdOf(level, ratio);
+    const int threshold = wavepitch::endPoint::rangeThreshold(level, ratio);
     for (int& value : level) value = value > threshold ? 1 : 0;
     SEGMENT* segments = segmentFind(level.data(), static_cast<int>(level.size()), segNum);
     SEGMENT* last = withoutShort(segments, segments + *segNum, framesIn(epdParam.minSegment, fs, epdParam));
@@ -83,20 +72,14 @@ SEGMENT* segmentsOf(Levels level, int ratio, int fs, const EPDPARAM& epdParam, i
 
 } // namespace
 
-SEGMENT* cAudioByVolume::epdByVol(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
+SEGMENT* cAudioEndPoint::epdByVol(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                   int* segNum) {
-    return segmentsOf(volumes(wave, waveLen, epdParam), epdParam.volRatio, fs, epdParam, segNum);
+    Levels volume = wavepitch::endPoint::frameVolumes(wave, waveLen, {epdParam.frameSize, epdParam.overlap});
+    return segmentsOf(std::move(volume), epdParam.volRatio, fs, epdParam, segNum);
 }
 
-SEGMENT* cAudioByVolume::epdByVolHod(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
+SEGMENT* cAudioEndPoint::epdByVolHod(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                      int* segNum) {
-    return segmentsOf(volumesAndAshods(wave, waveLen, epdParam), epdParam.vhRatio, fs, epdParam, segNum);
-}
-
-endPointCurve::Curve endPointCurve::ofVol(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    return curveOf(volumes(wave, waveLen, epdParam), epdParam.volRatio);
-}
-
-endPointCurve::Curve endPointCurve::ofVolHod(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    return curveOf(volumesAndAshods(wave, waveLen, epdParam), epdParam.vhRatio);
+    Levels level = wavepitch::endPoint::volumesAndAshods(wave, waveLen, epdParam);
+    return segmentsOf(std::move(level), epdParam.vhRatio, fs, epdParam, segNum);
 }

@@ -1,18 +1,14 @@
-#include "audio/endPoint/byVolumeAndZcr.hpp"
+#include "audio/endPoint/detectors.hpp"
+#include "audio/endPoint/endPoint.hpp"
+#include "audio/framing/framing.hpp"
 
-#include "audio/endPoint/curves.hpp"
-#include "audio/endPoint/volume.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
-#include "audio/endPoint/zeroCrossing.hpp"
+#include <algorithm>
 
 namespace {
 
-constexpr int frameSize = endPointCurve::volZcrFrames.frameSize;
-constexpr int overlap = endPointCurve::volZcrFrames.overlap;
-constexpr double coreShare = 0.125; // of the largest volume
-constexpr double neighbourShare = 0.0625;
-
-using Levels = std::vector<int>;
+using wavepitch::endPoint::Levels;
+constexpr int frameSize = wavepitch::endPoint::volumeAndZcrFrames.frameSize;
+constexpr int overlap = wavepitch::endPoint::volumeAndZcrFrames.overlap;
 
 /// A first and a last frame; nothing, while first is greater.
 struct Span {
@@ -38,30 +34,21 @@ void widenWhileAbove(Span& span, const Levels& levels, double threshold) {
     while (span.last + 1 <= frameNum - 1 && above(span.last + 1)) ++span.last;
 }
 
-Levels volumes(const int* wave, int waveLen) {
-    auto volume = valuePerFrame<int>(waveLen, frameSize, overlap);
-    wave2volume(wave, waveLen, frameSize, overlap, volume.data(), 1);
-    return volume;
-}
-
 } // namespace
 
-endPointCurve::Curve endPointCurve::ofVolZcr(const int* wave, int waveLen) {
-    const Levels volume = volumes(wave, waveLen);
-    Curve curve{{volume.begin(), volume.end()}, {}};
+wavepitch::endPoint::Thresholds wavepitch::endPoint::volumeAndZcrThresholds(const Levels& volume) {
     const double maxVol = largestOf(volume);
-    if (!volume.empty()) curve.thresholds = {neighbourShare * maxVol, coreShare * maxVol};
-    return curve;
+    return {0.0625 * maxVol, 0.125 * maxVol};
 }
 
-void cAudioByVolumeAndZcr::epdByVolZcr(const int* wave, int waveLen, int, int* start, int* end) {
-    const Levels volume = volumes(wave, waveLen);
+void cAudioEndPoint::epdByVolZcr(const int* wave, int waveLen, int, int* start, int* end) {
+    const Levels volume = wavepitch::endPoint::frameVolumes(wave, waveLen, {frameSize, overlap});
     Levels zcr(volume.size());
-    cAudioZeroCrossing::wave2zcr(wave, waveLen, frameSize, overlap, zcr.data());
+    wave2zcr(wave, waveLen, frameSize, overlap, zcr.data());
 
-    const double maxVol = largestOf(volume);
-    Span span = framesAbove(volume, coreShare * maxVol);
-    widenWhileAbove(span, volume, neighbourShare * maxVol);
+    const auto threshold = wavepitch::endPoint::volumeAndZcrThresholds(volume);
+    Span span = framesAbove(volume, threshold.high);
+    widenWhileAbove(span, volume, threshold.low);
     widenWhileAbove(span, zcr, 0.4 * largestOf(zcr));
     *start = cAudioFraming::frame2sampleIndex(span.first, frameSize, overlap);
     *end = cAudioFraming::frame2sampleIndex(span.last, frameSize, overlap);

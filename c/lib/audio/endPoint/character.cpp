@@ -1,46 +1,33 @@
 // 1. The mean is taken off the waveform; each frame's energy in dB is measured.
 // 2. Cores: runs of frames within 20 dB of the loudest.
 // 3. Short cores go.
-// 4. Cores widen over frames within 30 dB; of those that then coincide, the last stays.
+// 4. Cores widen over frames within 30 dB; of those that then coincide, one stays.
 // 5. Frames become samples.
-// Until step 5, the caller's two lists hold frame numbers; a character that goes leaves -1 in both.
-#include "audio/endPoint/character.hpp"
+#include "audio/endPoint/detectors.hpp"
+#include "audio/endPoint/endPoint.hpp"
+#include "audio/framing/wholeFrames.hpp"
 
-#include "audio/endPoint/curves.hpp"
-#include "audio/endPoint/segment.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
-#include "utility/rounding.hpp"
-
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numeric>
 
 #include "mex.h"
 
 namespace {
 
-constexpr int frameSize = endPointCurve::characterFrames.frameSize;
-constexpr int overlap = endPointCurve::characterFrames.overlap;
+constexpr int frameSize = wavepitch::endPoint::characterFrames.frameSize;
+constexpr int overlap = wavepitch::endPoint::characterFrames.overlap;
 constexpr int step = frameSize - overlap;
 constexpr double emptySlot = -1.0;
-constexpr double coreDepth = 20.0; // dB below the loudest frame
-constexpr double neighbourDepth = 30.0;
 
-using Levels = std::vector<double>;
+using Decibels = std::vector<double>;
 
-/// The caller's lists.
-struct Characters {
-    double* start;
-    double* end;
-    int slots;
-
-    void remove(int i) const { start[i] = end[i] = emptySlot; }
-
-    /// @return  the number of characters, which are the first slots now.
-    int pack() const {
-        packCharIndex(start, slots);
-        packCharIndex(end, slots);
-        return static_cast<int>(std::find(start, start + slots, emptySlot) - start);
-    }
+/// A character's first and last frame, and in the end its first and last sample.
+struct Span {
+    int first;
+    int last;
+    bool operator==(const Span&) const = default;
 };
 
 /// @return  whether the mean is a number that can be taken off.
@@ -59,60 +46,63 @@ double decibelsOf(const double* frame) {
     return meanSquare == 0.0 ? -2147483647.0 : 10.0 * std::log10(meanSquare);
 }
 
-void recordCores(const Levels& level, double threshold, const Characters& characters) {
+/// The first maxNum runs of frames that reach the threshold.
+std::vector<Span> coresOf(const Decibels& level, double threshold, int maxNum) {
     std::vector<int> core(level.size());
     std::transform(level.begin(), level.end(), core.begin(), [=](double dB) { return dB >= threshold; });
     int coreNum = 0;
-    const SegmentArray cores(segmentFind(core.data(), static_cast<int>(core.size()), &coreNum));
-    for (int i = 0; i < std::min(coreNum, characters.slots); ++i) {
-        characters.start[i] = cores.get()[i].begin;
-        characters.end[i] = cores.get()[i].end;
-    }
-    if (coreNum > characters.slots)
-        mexPrintf("Warning: some characters are not recorded due to limited length!\n");
+    const SegmentArray segments(segmentFind(core.data(), static_cast<int>(core.size()), &coreNum));
+    if (coreNum > maxNum) mexPrintf("Warning: some characters are not recorded due to limited length!\n");
+    std::vector<Span> cores;
+    std::transform(segments.get(), segments.get() + std::min(coreNum, maxNum), std::back_inserter(cores),
+                   [](const SEGMENT& s) {
+                       return Span{s.begin, s.end};
+                   });
+    return cores;
 }
 
-void removeShort(const Characters& characters, double minLength) {
-    for (int i = 0; i < characters.slots; ++i)
-        if (characters.end[i] - characters.start[i] < minLength) characters.remove(i);
-}
-
-void widen(const Levels& level, double threshold, const Characters& characters, int count) {
-    const auto above = [&](double frame) { return level[static_cast<std::size_t>(frame)] > threshold; };
-    const auto frameNum = static_cast<double>(level.size());
-    for (int i = 0; i < count; ++i) {
-        double& start = characters.start[i];
-        double& end = characters.end[i];
-        if (i > 0 && characters.end[i - 1] >= start) { // the one before has walked through this one
-            start = characters.start[i - 1];
-            end = characters.end[i - 1];
-            continue;
+void widen(const Decibels& level, double threshold, std::vector<Span>& spans) {
+    const auto above = [&](int frame) { return level[static_cast<std::size_t>(frame)] > threshold; };
+    const auto frameNum = static_cast<int>(level.size());
+    const Span* before = nullptr;
+    for (Span& span : spans) {
+        if (before && before->last >= span.first) { // the one before has walked through this one
+            span = *before;
+        } else {
+            while (span.first >= 1 && above(span.first - 1)) --span.first;
+            while (span.last + 1 <= frameNum - 1 && above(span.last + 1)) ++span.last;
         }
-        while (start >= 1 && above(start - 1)) --start;
-        while (end + 1 <= frameNum - 1 && above(end + 1)) ++end;
+        before = &span;
     }
 }
 
-void merge(const Characters& characters, int count) {
-    for (int i = 0; i + 1 < count; ++i)
-        if (characters.start[i] == characters.start[i + 1] && characters.end[i] == characters.end[i + 1])
-            characters.remove(i);
-}
+/// The characters in samples; takes the mean off the waveform.
+std::vector<Span> charactersOf(double* wave, int waveLen, int fs, int maxNum) {
+    if (!removeMean(wave, waveLen)) return {};
+    const Decibels level = wavepitch::endPoint::decibels(wave, waveLen);
+    if (level.empty()) return {};
+    const auto threshold = wavepitch::endPoint::decibelThresholds(level);
 
-Levels decibels(const double* wave, int waveLen) {
-    auto level = valuePerFrame<double>(waveLen, frameSize, overlap);
-    featurePerFrame(wave, waveLen, frameSize, overlap, level.data(), decibelsOf);
-    return level;
+    std::vector<Span> spans = coresOf(level, threshold.high, maxNum);
+    const int shortest = fs / 1600; // in frames
+    std::erase_if(spans, [=](const Span& span) { return span.last - span.first < shortest; });
+    widen(level, threshold.low, spans);
+    spans.erase(std::unique(spans.begin(), spans.end()), spans.end());
+    for (Span& span : spans) span = {step * span.first, step * span.last + (frameSize - 1)};
+    return spans;
 }
 
 } // namespace
 
-endPointCurve::Curve endPointCurve::ofCharacters(const double* wave, int waveLen) {
-    Curve curve{decibels(wave, waveLen), {}};
-    if (curve.values.empty()) return curve;
-    const double loudest = *std::max_element(curve.values.begin(), curve.values.end());
-    curve.thresholds = {loudest - neighbourDepth, loudest - coreDepth};
-    return curve;
+Decibels wavepitch::endPoint::decibels(const double* wave, int waveLen) {
+    auto level = framing::valuePerFrame<double>(waveLen, frameSize, overlap);
+    framing::featurePerFrame(wave, waveLen, frameSize, overlap, level.data(), decibelsOf);
+    return level;
+}
+
+wavepitch::endPoint::Thresholds wavepitch::endPoint::decibelThresholds(const Decibels& level) {
+    const double loudest = *std::max_element(level.begin(), level.end());
+    return {loudest - 30.0, loudest - 20.0};
 }
 
 void packCharIndex(double* list, int n) {
@@ -120,39 +110,25 @@ void packCharIndex(double* list, int n) {
     std::fill(std::remove(list, list + n, emptySlot), list + n, emptySlot);
 }
 
-void cAudioCharacter::packCharIndex(double* list, int n) {
+void cAudioEndPoint::packCharIndex(double* list, int n) {
     ::packCharIndex(list, n);
 }
 
-int cAudioCharacter::charEndPointDetect(double* wave, int waveLen, int fs, double* start, double* end,
-                                        int maxNum) {
-    const Characters characters{start, end, std::max(maxNum, 0)};
-    std::fill(start, start + characters.slots, emptySlot);
-    std::fill(end, end + characters.slots, emptySlot);
-    if (!removeMean(wave, waveLen)) return 0;
-    const Levels level = decibels(wave, waveLen);
-    if (level.empty()) return 0;
-    const double loudest = *std::max_element(level.begin(), level.end());
-
-    recordCores(level, loudest - coreDepth, characters);
-    const int shortest = fs / 1600; // in frames
-    removeShort(characters, shortest);
-    int count = characters.pack();
-    widen(level, loudest - neighbourDepth, characters, count);
-    merge(characters, count);
-    count = characters.pack();
-    for (int i = 0; i < count; ++i) {
-        start[i] = step * start[i];
-        end[i] = step * end[i] + (frameSize - 1);
+int cAudioEndPoint::charEndPointDetect(double* wave, int waveLen, int fs, double* start, double* end,
+                                       int maxNum) {
+    const int slots = std::max(maxNum, 0);
+    const std::vector<Span> characters = charactersOf(wave, waveLen, fs, slots);
+    std::fill(start, start + slots, emptySlot);
+    std::fill(end, end + slots, emptySlot);
+    for (const Span& character : characters) {
+        *start++ = character.first;
+        *end++ = character.last;
     }
-    return count;
+    return static_cast<int>(characters.size());
 }
 
-void cAudioCharacter::sentenceEndPointDetect(double* wave, int waveLen, int fs, int* start, int* end) {
-    constexpr int maxNum = 100;
-    double starts[maxNum];
-    double ends[maxNum];
-    const int count = charEndPointDetect(wave, waveLen, fs, starts, ends, maxNum);
-    *start = count > 0 ? truncateToInt(starts[0]) : -1;
-    *end = count > 0 ? truncateToInt(ends[count - 1]) : -1;
+void cAudioEndPoint::sentenceEndPointDetect(double* wave, int waveLen, int fs, int* start, int* end) {
+    const std::vector<Span> characters = charactersOf(wave, waveLen, fs, 100);
+    *start = characters.empty() ? -1 : characters.front().first;
+    *end = characters.empty() ? -1 : characters.back().last;
 }

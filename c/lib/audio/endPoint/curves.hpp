@@ -1,51 +1,40 @@
-// What the detectors look at, for who draws what a detector has seen: a curve with a value for each whole
-// frame, and the thresholds on it.
+// For who draws what a detector has seen: a curve with a value for each whole frame, and the thresholds on
+// it. The frames are those of the detector (detectors.hpp).
 #pragma once
 
-#include "audio/endPoint/epdParam.hpp"
+#include "audio/endPoint/detectors.hpp"
 
 #include <vector>
 
-namespace endPointCurve {
-
-/// The frames of a detector that has its own at every sample rate, in samples.
-struct FrameLayout {
-    int frameSize;
-    int overlap;
-};
-
-inline constexpr FrameLayout vol2Frames{512, 192};     ///< of epdByVol2
-inline constexpr FrameLayout volZcrFrames{320, 240};   ///< of epdByVolZcr
-inline constexpr FrameLayout characterFrames{256, 86}; ///< of charEndPointDetect and sentenceEndPointDetect
-inline constexpr FrameLayout handsetFrames{256, 128};  ///< of endPointDetect4quokka
+namespace wavepitch::endPoint {
 
 struct Curve {
     std::vector<double> values; ///< one for each whole frame
-    std::vector<double>
-        thresholds; ///< one, or the low and the high one; none without a frame to take them from
+    /// One, or the low and the high one; none without a frame to take them from.
+    std::vector<double> thresholds;
 };
 
 /// Of epdByVol: volumes.
-Curve ofVol(const int* wave, int waveLen, const EPDPARAM& epdParam);
+Curve volumeCurve(const int* wave, int waveLen, const EPDPARAM& epdParam);
 
 /// Of epdByVolHod: (volume + ASHOD) / 2, truncated.
-Curve ofVolHod(const int* wave, int waveLen, const EPDPARAM& epdParam);
+Curve volumeAndAshodCurve(const int* wave, int waveLen, const EPDPARAM& epdParam);
 
 /// Of epdByVol2: volumes.
-Curve ofVol2(const int* wave, int waveLen);
+Curve twoThresholdCurve(const int* wave, int waveLen);
 
 /// Of epdByVolZcr: volumes.
-Curve ofVolZcr(const int* wave, int waveLen);
+Curve volumeAndZcrCurve(const int* wave, int waveLen);
 
-/// Of charEndPointDetect: energies in decibels, -2147483647 of a frame of zeros.
+/// Of charEndPointDetect and sentenceEndPointDetect: energies in decibels, -2147483647 of a frame of zeros.
 ///
 /// @param wave  as the detector leaves it: without its mean.
-Curve ofCharacters(const double* wave, int waveLen);
+Curve characterCurve(const double* wave, int waveLen);
 
 /// Of endPointDetect4quokka: sums of the absolute deviations from each frame's mean, 0 for frames at the
 /// front that do not count.
 ///
 /// @param wave  as the detector leaves it: rescaled.
-Curve ofHandset(const double* wave, int waveLen, int fs);
+Curve handsetCurve(const double* wave, int waveLen, int fs);
 
-} // namespace endPointCurve
+} // namespace wavepitch::endPoint

@@ -3,11 +3,10 @@
 // 3. Frames above a share of the largest volume and below a share of the largest count are marked.
 // 4. The sound under way at 0.2 s and the first short and double blip lose their marks.
 // 5. The span of the marks that are left, or the caller's, becomes samples, with margins.
-#include "audio/endPoint/handset.hpp"
-
-#include "audio/endPoint/curves.hpp"
+#include "audio/endPoint/detectors.hpp"
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/endPoint/kernel/frameKernel.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/framing/wholeFrames.hpp"
 #include "utility/rounding.hpp"
 
 #include <cmath>
@@ -15,16 +14,11 @@
 
 namespace {
 
-constexpr int frameSize = endPointCurve::handsetFrames.frameSize;
-constexpr int overlap = endPointCurve::handsetFrames.overlap;
+using wavepitch::endPoint::Voice;
+constexpr int frameSize = wavepitch::endPoint::handsetFrames.frameSize;
+constexpr int overlap = wavepitch::endPoint::handsetFrames.overlap;
 constexpr int step = frameSize - overlap;
 constexpr int margin = 512;
-constexpr double volumeShare = 0.15; // of the largest
-
-struct Voice {
-    double volume = 0.0;
-    double zcr = 0.0;
-};
 
 using Marks = std::vector<char>;
 
@@ -47,36 +41,12 @@ private:
         wavepitch::endPoint::frameKernel().crossingsOfDoubles;
 };
 
-/// The first frame that may be marked. The one before it still counts for the thresholds.
-std::size_t firstFrame(int fs) {
-    return static_cast<std::size_t>(std::max(0, truncateToInt(std::floor((0.2 * fs - overlap) / step))));
-}
-
-std::vector<Voice> voicesOf(const double* wave, int waveLen, int fs) {
-    auto voices = valuePerFrame<Voice>(waveLen, frameSize, overlap);
-    featurePerFrame(wave, waveLen, frameSize, overlap, voices.data(), VoiceOfFrame());
-    const std::size_t silent = std::min(voices.size(), std::max(firstFrame(fs), std::size_t{1}) - 1);
-    std::fill(voices.begin(), voices.begin() + static_cast<std::ptrdiff_t>(silent), Voice{});
-    return voices;
-}
-
-/// Volumes that are not a number are passed over.
-Voice largestOf(const std::vector<Voice>& voices) {
-    Voice largest;
-    for (const Voice& voice : voices) {
-        if (!std::isfinite(voice.volume)) continue;
-        largest.volume = std::max(largest.volume, voice.volume);
-        largest.zcr = std::max(largest.zcr, voice.zcr);
-    }
-    return largest;
-}
-
 Marks voicedFrames(const std::vector<Voice>& voices, std::size_t first) {
-    const Voice largest = largestOf(voices);
+    const Voice threshold = wavepitch::endPoint::voiceThresholds(voices);
     Marks mark(voices.size());
     for (std::size_t f = first; f < voices.size(); ++f)
-        mark[f] = std::isfinite(voices[f].volume) && voices[f].volume > volumeShare * largest.volume &&
-                  voices[f].zcr < 0.35 * largest.zcr;
+        mark[f] = std::isfinite(voices[f].volume) && voices[f].volume > threshold.volume &&
+                  voices[f].zcr < threshold.zcr;
     return mark;
 }
 
@@ -98,19 +68,33 @@ void unmarkFirstBlip(Marks& mark, std::size_t first, int patternEnd, std::size_t
 
 } // namespace
 
-endPointCurve::Curve endPointCurve::ofHandset(const double* wave, int waveLen, int fs) {
-    Curve curve;
-    const std::vector<Voice> voices = voicesOf(wave, waveLen, fs);
-    for (const Voice& voice : voices) curve.values.push_back(voice.volume);
-    if (voices.size() > firstFrame(fs)) curve.thresholds = {volumeShare * largestOf(voices).volume};
-    return curve;
+std::size_t wavepitch::endPoint::firstVoice(int fs) {
+    return static_cast<std::size_t>(std::max(0, truncateToInt(std::floor((0.2 * fs - overlap) / step))));
 }
 
-void cAudioHandset::endPointDetect4quokka(double* wave, int waveLen, int fs, int nbits, double* endPoint) {
+std::vector<Voice> wavepitch::endPoint::voicesOf(const double* wave, int waveLen, int fs) {
+    auto voices = framing::valuePerFrame<Voice>(waveLen, frameSize, overlap);
+    framing::featurePerFrame(wave, waveLen, frameSize, overlap, voices.data(), VoiceOfFrame());
+    const std::size_t silent = std::min(voices.size(), std::max(firstVoice(fs), std::size_t{1}) - 1);
+    std::fill(voices.begin(), voices.begin() + static_cast<std::ptrdiff_t>(silent), Voice{});
+    return voices;
+}
+
+Voice wavepitch::endPoint::voiceThresholds(const std::vector<Voice>& voices) {
+    Voice largest;
+    for (const Voice& voice : voices) {
+        if (!std::isfinite(voice.volume)) continue;
+        largest.volume = std::max(largest.volume, voice.volume);
+        largest.zcr = std::max(largest.zcr, voice.zcr);
+    }
+    return {0.15 * largest.volume, 0.35 * largest.zcr};
+}
+
+void cAudioEndPoint::endPointDetect4quokka(double* wave, int waveLen, int fs, int nbits, double* endPoint) {
     const double scale = std::ldexp(1.0, nbits);
     for (int i = 0; i < waveLen; ++i) wave[i] = scale * wave[i] * 0.5;
-    const std::size_t first = firstFrame(fs);
-    Marks mark = voicedFrames(voicesOf(wave, waveLen, fs), first);
+    const std::size_t first = wavepitch::endPoint::firstVoice(fs);
+    Marks mark = voicedFrames(wavepitch::endPoint::voicesOf(wave, waveLen, fs), first);
     unmarkSoundUnderWay(mark, first);
     unmarkFirstBlip(mark, first, fs / step, 1);
     unmarkFirstBlip(mark, first, fs / step, 2);

@@ -1,11 +1,11 @@
-#include "audio/endPoint/segment.hpp"
+#include "audio/endPoint/endPoint.hpp"
 
 #include <algorithm>
 #include <new>
 
 #include "mex.h"
 
-SEGMENT* segmentDetail::allocate(int count) {
+SEGMENT* wavepitch::endPoint::allocateSegments(int count) {
     const auto room = static_cast<std::size_t>(std::max(count, 1));
     auto* segments = static_cast<SEGMENT*>(std::malloc(room * sizeof(SEGMENT)));
     if (!segments) throw std::bad_alloc();
@@ -19,6 +19,6 @@ void segmentPrint(const SEGMENT* segments, int count) {
     }
 }
 
-void cAudioSegment::segmentPrint(const SEGMENT* segments, int count) {
+void cAudioEndPoint::segmentPrint(const SEGMENT* segments, int count) {
     ::segmentPrint(segments, count);
 }

@@ -12,11 +12,19 @@ struct SEGMENT {
     int valid;    ///< 1 while the segment stands, 0 once a detector has rejected it
 };
 
-/// Owns a segment array that an operation has handed out.
+namespace wavepitch::endPoint {
+
 struct SegmentRelease {
     void operator()(SEGMENT* segments) const { std::free(segments); }
 };
-using SegmentArray = std::unique_ptr<SEGMENT, SegmentRelease>;
+
+/// Room for count segments, and for one where there are none.
+SEGMENT* allocateSegments(int count);
+
+} // namespace wavepitch::endPoint
+
+/// Owns a segment array that an operation has handed out.
+using SegmentArray = std::unique_ptr<SEGMENT, wavepitch::endPoint::SegmentRelease>;
 
 /// The maximal runs of elements above 0, in ascending order, each valid. At least one element that is not
 /// above 0 (zero, negative, not-a-number) lies between two of them.
@@ -34,18 +42,6 @@ SEGMENT* segmentFind(const T* vec, int n, int* segNum);
 /// @param count  number of segments; nothing is printed for less than 1.
 void segmentPrint(const SEGMENT* segments, int count);
 
-class cAudioSegment {
-public:
-    static void segmentPrint(const SEGMENT* segments, int count);
-};
-
-namespace segmentDetail {
-
-/// Room for count segments, and for one where there are none.
-SEGMENT* allocate(int count);
-
-} // namespace segmentDetail
-
 template <typename T>
 SEGMENT* segmentFind(const T* vec, int n, int* segNum) {
     const auto on = [vec](int i) { return vec[i] > T{}; };
@@ -54,7 +50,7 @@ SEGMENT* segmentFind(const T* vec, int n, int* segNum) {
     *segNum = 0;
     for (int i = 0; i < n; ++i)
         if (begins(i)) ++*segNum;
-    SEGMENT* const segments = segmentDetail::allocate(*segNum);
+    SEGMENT* const segments = wavepitch::endPoint::allocateSegments(*segNum);
     SEGMENT* segment = segments;
     for (int i = 0; i < n; ++i) {
         if (begins(i)) segment->begin = i;

@@ -1,11 +1,10 @@
-#include "audio/endPoint/volumeCheck.hpp"
-
-#include "audio/endPoint/volume.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/endPoint/detectors.hpp"
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
 #include "utility/fatal.hpp"
 #include "utility/file/lines.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
@@ -29,7 +28,7 @@ bool isGiven(const char* fileName) {
 
 } // namespace
 
-void cAudioVolumeCheck::volCheckPrmRead(const char* fileName, VOL_CHECK_PRM* prm) {
+void cAudioEndPoint::volCheckPrmRead(const char* fileName, VOL_CHECK_PRM* prm) {
     if (!isGiven(fileName)) {
         *prm = defaults;
         return;
@@ -47,20 +46,19 @@ void cAudioVolumeCheck::volCheckPrmRead(const char* fileName, VOL_CHECK_PRM* prm
     }
 }
 
-void cAudioVolumeCheck::volCheckPrmPrint(const VOL_CHECK_PRM* prm) {
+void cAudioEndPoint::volCheckPrmPrint(const VOL_CHECK_PRM* prm) {
     for (const auto& field : fields)
         std::cout << "volCheckPrm->" << field.name << "=" << prm->*(field.value) << " (line=" << __LINE__
                   << ", file=" << audioSourcePath << ")" << std::endl;
 }
 
-int cAudioVolumeCheck::waveVolumeCheck(const int* wave, int waveLen, const char* fileName) {
+int cAudioEndPoint::waveVolumeCheck(const int* wave, int waveLen, const char* fileName) {
     constexpr int frameSize = 320;
-    constexpr int overlap = 160;
     VOL_CHECK_PRM prm = defaults;
     volCheckPrmRead(fileName, &prm);
-    auto volume = valuePerFrame<int>(waveLen, frameSize, overlap);
+    const wavepitch::endPoint::Levels volume =
+        wavepitch::endPoint::frameVolumes(wave, waveLen, {frameSize, 160});
     if (volume.empty()) return 1;
-    wave2volume(wave, waveLen, frameSize, overlap, volume.data(), 1);
     const auto [quietest, loudest] = std::minmax_element(volume.begin(), volume.end());
 
     const float limit = prm.satAmpRatio * 32768.0F;

@@ -2,7 +2,7 @@
 // indices map onto each other. Throughout, step = frameSize - overlap is the distance between the starts of
 // consecutive frames. A step below 1 frames nothing: counts are 0, index mappings give 0, and nothing is
 // written. Intermediate values are formed wider than int; a result beyond the range of int is its nearest
-// end.
+// end. Nothing is allocated.
 #pragma once
 
 class cAudioFraming {

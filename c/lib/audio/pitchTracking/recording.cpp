@@ -4,9 +4,8 @@
 // octave errors of single frames find no candidates in the next pass.
 #include "audio/pitchTracking/recording.hpp"
 
-#include "audio/endPoint/byVolume.hpp"
-#include "audio/endPoint/volume.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/endPoint/endPoint.hpp"
+#include "audio/framing/wholeFrames.hpp"
 #include "audio/pitchTracking/medianFilter.hpp"
 #include "audio/pitchTracking/param.hpp"
 #include "audio/pitchTracking/postProcess.hpp"
@@ -75,12 +74,12 @@ void centre(PTPARAM& ptParam, double pitch) {
 
 std::vector<bool> soundOf(const Samples& samples, const PTPARAM& ptParam, int frameNum) {
     EPDPARAM epdParam;
-    cAudioEpdParam::epdParamSet(samples.fs, epdParam);
+    cAudioEndPoint::epdParamSet(samples.fs, epdParam);
     epdParam.volRatio = 16;
     epdParam.volWeight = 1.0F;
     int segNum = 0;
     const SegmentArray segments(
-        cAudioByVolume::epdByVolHod(samples.wave.data(), samples.length(), samples.fs, epdParam, &segNum));
+        cAudioEndPoint::epdByVolHod(samples.wave.data(), samples.length(), samples.fs, epdParam, &segNum));
     return soundMask(segments.get(), segNum, epdParam, ptParam, frameNum);
 }
 
@@ -92,7 +91,8 @@ bool cAudioRecording::bGetPitch(const std::vector<short>& wave, int*& out, int& 
     cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
     ptParam.pfWeight = 1.0F;
     ptParam.indexDiffWeight = 200.0F;
-    std::vector<double> pitch = valuePerFrame<double>(samples.length(), ptParam.frameSize, ptParam.overlap);
+    std::vector<double> pitch =
+        wavepitch::framing::valuePerFrame<double>(samples.length(), ptParam.frameSize, ptParam.overlap);
     const auto frameNum = static_cast<int>(pitch.size());
     const auto track = [&] {
         return ptByDpOverPfOnce(samples.wave.data(), samples.length(), ptParam, pitch.data(), nullptr,
@@ -117,7 +117,8 @@ bool cAudioRecording::isWaveSilence(const std::vector<short>& wave, int fs, int 
     if (samples.fs == targetRate && samples.nbits == 16) samples.reduceTo8Bits();
     PTPARAM ptParam;
     cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
-    std::vector<int> volume = valuePerFrame<int>(samples.length(), ptParam.frameSize, ptParam.overlap);
+    std::vector<int> volume =
+        wavepitch::framing::valuePerFrame<int>(samples.length(), ptParam.frameSize, ptParam.overlap);
     if (volume.empty()) return false;
     wave2volume(samples.wave.data(), samples.length(), ptParam.frameSize, ptParam.overlap, volume.data(), 1);
     const double threshold =

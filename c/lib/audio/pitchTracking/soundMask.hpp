@@ -1,7 +1,7 @@
 // Which pitch frames lie inside the segments of an end-point detector, whose frames are other ones.
 #pragma once
 
-#include "audio/endPoint/epdParam.hpp"
+#include "audio/endPoint/parameters.hpp"
 #include "audio/endPoint/segment.hpp"
 #include "audio/pitchTracking/param.hpp"
 

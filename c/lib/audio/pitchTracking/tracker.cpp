@@ -11,9 +11,9 @@
 //   cut             of zeros at both ends, by cutLeadingTrailingZero
 #include "audio/pitchTracking/tracker.hpp"
 
-#include "audio/endPoint/byVolume.hpp"
-#include "audio/endPoint/wholeFrames.hpp"
+#include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
+#include "audio/framing/wholeFrames.hpp"
 #include "audio/pitchTracking/candidateTable.hpp"
 #include "audio/pitchTracking/lagRange.hpp"
 #include "audio/pitchTracking/medianFilter.hpp"
@@ -42,9 +42,9 @@ void setSearchedLags(PTPARAM& ptParam) {
 
 void volumeGate(const int* wave, int waveLen, const PTPARAM& ptParam, int frameNum, double* pitch) {
     EPDPARAM epdParam;
-    cAudioEpdParam::epdParamSet(ptParam.fs, epdParam);
+    cAudioEndPoint::epdParamSet(ptParam.fs, epdParam);
     int segNum = 0;
-    const SegmentArray segments(cAudioByVolume::epdByVol(wave, waveLen, ptParam.fs, epdParam, &segNum));
+    const SegmentArray segments(cAudioEndPoint::epdByVol(wave, waveLen, ptParam.fs, epdParam, &segNum));
     if (segNum == 0)
         mexPrintf("Warning: Cannot find any segment after epdByVol! (line %d of file %s)", __LINE__,
                   audioSourcePath);
@@ -83,7 +83,7 @@ template <>
 int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch,
                                   double* clarity, double* pfMat, int* bestIndexOut) {
     setSearchedLags(ptParam);
-    const int frameNum = wholeFrameNum(waveLen, ptParam.frameSize, ptParam.overlap);
+    const int frameNum = wavepitch::framing::wholeFrameNum(waveLen, ptParam.frameSize, ptParam.overlap);
     if (frameNum == 0) return 0;
     std::fill_n(pitch, frameNum, 0.0);
 

@@ -8,7 +8,7 @@
 #include "audio/spectrum/fft.hpp"
 
 #include "audio/constants.hpp"
-#include "audio/spectrum/kernel/frameTransform.hpp"
+#include "audio/spectrum/frameTransform.hpp"
 
 #include <algorithm>
 #include <array>
@@ -174,6 +174,8 @@ void fftComplex(T* real, T* imag, int n) {
 template void fftComplex(float* real, float* imag, int n);
 template void fftComplex(double* real, double* imag, int n);
 
+namespace wavepitch::spectrum {
+
 template <typename T>
 FrameTransform<T>::FrameTransform(int frameSize, int n)
     : frameSize_(static_cast<std::size_t>(frameSize)), n_(n),
@@ -197,3 +199,5 @@ void FrameTransform<T>::transform() {
 
 template class FrameTransform<float>;
 template class FrameTransform<double>;
+
+} // namespace wavepitch::spectrum

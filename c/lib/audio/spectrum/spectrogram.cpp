@@ -1,8 +1,8 @@
 #include "audio/failure.hpp"
 #include "audio/framing/framing.hpp"
-#include "audio/spectrum/kernel/frameTransform.hpp"
-#include "audio/spectrum/kernel/window.hpp"
+#include "audio/spectrum/frameTransform.hpp"
 #include "audio/spectrum/spectrum.hpp"
+#include "audio/spectrum/window.hpp"
 #include "utility/fatal.hpp"
 
 #include <cmath>
@@ -10,9 +10,11 @@
 
 namespace {
 
+using wavepitch::spectrum::FrameTransform;
+
 /// The window of a frame; without one, ones, which leave every sample as it is.
 std::vector<double> frameWindow(int frameSize, bool useHamming) {
-    return useHamming ? hammingWindow(frameSize)
+    return useHamming ? wavepitch::spectrum::hammingWindow(frameSize)
                       : std::vector<double>(static_cast<std::size_t>(frameSize), 1.0);
 }
 

@@ -1,6 +1,8 @@
 // Spectra of frames: the window, magnitude spectrograms and the unvoiced cut. Frame i of a waveform starts at
 // sample i * step, step = frameSize - overlap; only whole frames count (getFrameNum2). A step or a frame size
-// below 1 frames nothing.
+// below 1 frames nothing. What the operations need beyond the caller's arrays grows with a frame, not with
+// the recording: four values for each point of the transform and a window, for an hour of sound as for a
+// second.
 #pragma once
 
 class cAudioSpectrum {
@@ -45,7 +47,6 @@ public:
     /// @param frameSize  samples per frame, at most 512.
     /// @param overlap    samples shared by consecutive frames.
     /// @return           frame index, the first of equal ones; 0 with fewer than 5 whole frames.
-    /// Fatal path A with "Error: frameSize is larger than paddedSize (line %d of file %s)", and that of
-    /// cAudio::matCreate where memory lacks.
+    /// Fatal path A with "Error: frameSize is larger than paddedSize (line %d of file %s)".
     static int uvCut(const int* wave, int waveLen, int frameSize, int overlap);
 };

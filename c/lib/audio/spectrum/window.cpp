@@ -1,4 +1,4 @@
-#include "audio/spectrum/kernel/window.hpp"
+#include "audio/spectrum/window.hpp"
 
 #include "audio/constants.hpp"
 #include "audio/spectrum/spectrum.hpp"
@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <cmath>
 
-double hammingValue(int i, int frameSize) {
+double wavepitch::spectrum::hammingValue(int i, int frameSize) {
     return 0.54 - 0.46 * std::cos(i * twoPi / (frameSize - 1));
 }
 
-std::vector<double> hammingWindow(int frameSize) {
+std::vector<double> wavepitch::spectrum::hammingWindow(int frameSize) {
     std::vector<double> window;
     window.reserve(static_cast<std::size_t>(std::max(frameSize, 0)));
     for (int i = 0; i < frameSize; ++i) window.push_back(hammingValue(i, frameSize));
@@ -19,7 +19,8 @@ std::vector<double> hammingWindow(int frameSize) {
 
 void cAudioSpectrum::hammingWindowing(float* frame, int frameSize) {
     for (int i = 0; i < frameSize; ++i) {
-        const double product = hammingValue(i, frameSize) * static_cast<double>(frame[i]);
+        const double product =
+            wavepitch::spectrum::hammingValue(i, frameSize) * static_cast<double>(frame[i]);
         frame[i] = static_cast<float>(product);
     }
 }

@@ -9,9 +9,12 @@ constexpr int chunkLen = 1024; // samples filtered at a time: they stay in the f
 
 /// y[n] for n from begin to end - 1, coefficient by coefficient: neighbouring outputs are independent, and
 /// each of them still sums in the order of k.
-void feedForward(const double* b, int bLen, const double* x, int begin, int end, double* y) {
+///
+/// @param x  the input, of which sample begin stands at place past.
+void feedForward(const double* b, int bLen, const double* x, int past, int begin, int end, double* y) {
+    std::fill(y + begin, y + end, 0.0);
     for (int k = 0; k < std::min(bLen, end); ++k)
-        for (int n = std::max(begin, k); n < end; ++n) y[n] += b[k] * x[n - k];
+        for (int n = std::max(begin, k); n < end; ++n) y[n] += b[k] * x[past + (n - begin) - k];
 }
 
 /// Each output waits for the one before it, which is at hand without a detour through memory.
@@ -32,11 +35,17 @@ void feedBack(const double* a, int aLen, int begin, int end, double* y) {
 
 void cAudioWaveform::filter(const double* b, int bLen, const double* a, int aLen, double* x, int xLen) {
     if (xLen < 1) return;
-    std::vector<double> y(static_cast<std::size_t>(xLen));
+    // Outputs take the place of inputs, of which the last ones are kept in front of those of the chunk.
+    const int most = std::min(std::max(bLen, 1), xLen) - 1;
+    std::vector<double> inputs(static_cast<std::size_t>(most) + chunkLen);
+    int past = 0;
     for (int begin = 0, end = 0; begin < xLen; begin = end) {
         end = begin + std::min(chunkLen, xLen - begin);
-        feedForward(b, bLen, x, begin, end, y.data());
-        feedBack(a, aLen, begin, end, y.data());
+        const auto last = std::copy(x + begin, x + end, inputs.begin() + past);
+        feedForward(b, bLen, inputs.data(), past, begin, end, x);
+        feedBack(a, aLen, begin, end, x);
+        const int kept = std::min(most, end);
+        std::copy(last - kept, last, inputs.begin());
+        past = kept;
     }
-    std::copy(y.begin(), y.end(), x);
 }

@@ -1,5 +1,6 @@
 // Pitch and notes into sound, and notes into pitch. Pitch is in semitones on the scale on which 69 is 440 Hz
-// and 12 semitones double the frequency; a pitch of exactly 0 is a rest.
+// and 12 semitones double the frequency; a pitch of exactly 0 is a rest. What is allocated is 8 bytes a
+// frame or note: 3 MB for an hour at 100 frames per second.
 #pragma once
 
 class cAudioSynthesis {

@@ -1,5 +1,6 @@
 // Transformations of a waveform in the time domain: filter, echo, resampling. Lengths are in samples, rates
-// in samples per second; a length below 1 means that there is nothing to do.
+// in samples per second; a length below 1 means that there is nothing to do. What an operation
+// allocates does not grow with the recording: nothing, or what filter says.
 #pragma once
 
 class cAudioWaveform {
@@ -10,6 +11,7 @@ public:
     /// @param b  bLen numerator coefficients; with none, the output is 0.
     /// @param a  aLen denominator coefficients; a[0] is never read and stands for 1.
     /// @param x  xLen samples of any scale, replaced by the output.
+    /// Allocates bLen + 1024 samples at most.
     static void filter(const double* b, int bLen, const double* a, int aLen, double* x, int xLen);
 
     /// A recursive echo: out[i] = wave[i] + gain * out[i - d], so that every echo is echoed again. The delay

@@ -44,10 +44,10 @@ void fisFreeMatrix(void** matrix, int rowNum) {
     std::free(matrix);
 }
 
-void matrixReport::rowIsFree(int row) {
+void wavepitch::utility::reportFreeRow(int row) {
     mexPrintf("Error in matFree(): row %d is already free!\n", row);
 }
 
-void matrixReport::matrixIsFree() {
+void wavepitch::utility::reportFreeMatrix() {
     mexPrintf("Error in matrixFree(): given matrix is already free!\n");
 }

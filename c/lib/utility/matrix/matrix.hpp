@@ -33,22 +33,22 @@ void matFree(T** matrix, int rowNum);
 /// Releases a matrix and prints nothing: null rows are passed over, a null matrix is left alone.
 void fisFreeMatrix(void** matrix, int rowNum);
 
-namespace matrixReport {
+namespace wavepitch::utility {
 
-void rowIsFree(int row);
-void matrixIsFree();
+void reportFreeRow(int row);
+void reportFreeMatrix();
 
-} // namespace matrixReport
+} // namespace wavepitch::utility
 
 template <typename T>
 void matFree(T** matrix, int rowNum) {
     if (!matrix) {
-        matrixReport::matrixIsFree();
+        wavepitch::utility::reportFreeMatrix();
         return;
     }
     for (int row = 0; row < rowNum; ++row) {
         if (!matrix[row]) {
-            matrixReport::rowIsFree(row);
+            wavepitch::utility::reportFreeRow(row);
             continue;
         }
         std::free(matrix[row]);

@@ -5,7 +5,6 @@
 #include "utility/fatal.hpp"
 #include "utility/rounding.hpp"
 #include "utility/scaling/pointDistance.hpp"
-#include "utility/scaling/scaleGrid.hpp"
 #include "utility/vector/resample.hpp"
 
 #include <algorithm>
@@ -14,6 +13,8 @@
 #include "mex.h"
 
 namespace {
+
+using namespace wavepitch::utility;
 
 /// Compares scale after scale until one is longer than the reference, and picks the best.
 ///

@@ -18,6 +18,16 @@
 /// The distance of scales that were not compared, and the sum of one that was abandoned.
 inline constexpr double noMatchDistance = 2147483647.0;
 
+namespace wavepitch::utility {
+
+/// The ratio of scale i, formed from left to right: a step formed beforehand would round to other lengths.
+inline double scaleRatio(double lowerRatio, double upperRatio, int resolution, int i) {
+    if (resolution < 2) return lowerRatio;
+    return lowerRatio + i * (upperRatio - lowerRatio) / (resolution - 1);
+}
+
+} // namespace wavepitch::utility
+
 /// The scaled versions of one query, made once for many references. linearScaledVecCreate fills the record,
 /// linearScaledVecFree releases its arrays; the record belongs to the caller.
 struct SCALEDVECSET {

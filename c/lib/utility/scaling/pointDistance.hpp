@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+namespace wavepitch::utility {
+
 /// Values of the parameter distanceType: |a - b|, and (a - b)^2.
 enum DistanceType : int { absoluteDistance = 1, squaredDistance = 2 };
 
@@ -24,3 +26,5 @@ inline double bestOffset(double* difference, int n, int distanceType) {
     for (int k = 0; k < n; ++k) sum += difference[k];
     return sum / n;
 }
+
+} // namespace wavepitch::utility

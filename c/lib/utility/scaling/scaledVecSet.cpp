@@ -2,7 +2,6 @@
 
 #include "utility/fatal.hpp"
 #include "utility/rounding.hpp"
-#include "utility/scaling/scaleGrid.hpp"
 #include "utility/vector/resample.hpp"
 
 #include <algorithm>
@@ -10,6 +9,8 @@
 #include <cstdlib>
 
 namespace {
+
+using wavepitch::utility::scaleRatio;
 
 /// An array of at least one element, so that null means that there is no memory.
 template <typename T>

@@ -9,6 +9,8 @@
 
 namespace {
 
+using namespace wavepitch::utility;
+
 /// The distance of the shorter sequence, less the offset, from n values of the longer one. It only ever
 /// grows: once it has reached the best distance so far the rest is of no interest.
 double shiftedDistance(const double* shorter, const double* longer, int n, double offset, int distanceType,

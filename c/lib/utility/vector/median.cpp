@@ -37,7 +37,7 @@ int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen) {
         total += histVec[bin];
         if (total >= n / 2 + 1) {
             const bool alone = n % 2 == 1 || histVec[bin] > 1;
-            return alone ? bin : meanOfMiddle(previous, bin);
+            return alone ? bin : wavepitch::utility::meanOfMiddle(previous, bin);
         }
         previous = bin;
     }

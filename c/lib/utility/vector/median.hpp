@@ -17,13 +17,13 @@
 ///
 /// Linear in n for every order of the values: random, sorted, constant, saw-tooth. Not-a-number compares
 /// unordered, and zeros of both signs compare equal: which of them is found follows from the selection that
-/// takes the first value of a range as pivot and swaps smaller ones in front of it, in order. Where that
-/// takes too many steps (16 million, or 4 n if that is more), a zero may have either sign, and not-a-number
-/// stands above all numbers.
+/// takes the first value of a range as pivot and swaps smaller ones in front of it, in order. With
+/// not-a-number, or zeros of both signs in the middle, the time may grow to n log n.
 template <typename T>
 T vecMedian(const T* vec, int n);
 
-/// The same for callers that bring a copy of their own: up to 1024 values take no memory.
+/// The same for callers that bring a copy of their own: up to 1024 values take no memory, but for orders that
+/// take n log n.
 ///
 /// @param scratch  n values; changed to anything.
 template <typename T>
@@ -38,6 +38,8 @@ T vecMedianInPlace(T* scratch, int n);
 /// @param histVecLen  number of bins.
 /// @return            the median; 0 for n below 1 or without a bin.
 int vecMedianByCounting(const int* vec, int n, int* histVec, int histVecLen);
+
+namespace wavepitch::utility {
 
 /// The mean of two values, truncated toward zero for integers.
 template <typename T>
@@ -56,22 +58,24 @@ T medianWithSpare(T* values, T* spare, int n) {
     const int k = (n - 1) / 2;
     const auto middle = [&] {
         if constexpr (std::floating_point<T>)
-            if (medianSelection::holdsAmbiguous(values, n))
+            if (medianSelection::isAmbiguous(values, n, k))
                 return medianSelection::byFirstPivot(values, n, k);
         return medianSelection::bySplitting(values, spare, n, k);
     }();
     return n % 2 == 1 ? middle.lower : meanOfMiddle(middle.lower, middle.upper);
 }
 
+} // namespace wavepitch::utility
+
 template <typename T>
 T vecMedianInPlace(T* scratch, int n) {
     constexpr int frameSize = 1024;
     if (n < 1) return T{};
     if (n > frameSize)
-        return medianWithSpare(scratch,
-                               std::make_unique_for_overwrite<T[]>(static_cast<std::size_t>(n)).get(), n);
+        return wavepitch::utility::medianWithSpare(
+            scratch, std::make_unique_for_overwrite<T[]>(static_cast<std::size_t>(n)).get(), n);
     T spare[frameSize];
-    return medianWithSpare(scratch, spare, n);
+    return wavepitch::utility::medianWithSpare(scratch, spare, n);
 }
 
 template <typename T>
@@ -81,7 +85,7 @@ T vecMedian(const T* vec, int n) {
     // One block: allocators keep it for the next call where they would give two back.
     const auto block = std::make_unique_for_overwrite<T[]>(2 * length);
     std::copy(vec, vec + n, block.get());
-    return medianWithSpare(block.get(), block.get() + length, n);
+    return wavepitch::utility::medianWithSpare(block.get(), block.get() + length, n);
 }
 
 /// By bisection on the value (kernel/intMedian.hpp), which takes no memory and the same time for every order.

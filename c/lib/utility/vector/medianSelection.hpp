@@ -1,28 +1,33 @@
 // Selection of the two values in the middle of a vector. Internal to median.hpp.
 //
-// By splitting, for vectors whose equal values are the same in every bit: a pivot near the middle splits the
+// By splitting, where values that compare equal give the same median: a pivot near the middle splits the
 // range into smaller values and others, and the side that holds the middle is split again (C. A. R. Hoare,
 // "Algorithm 65: Find", Communications of the ACM 4, 1961). The sides go to two arrays, so that no step waits
 // for a comparison: random values would make the processor guess wrong half of the time. The pivot comes from
 // nine places scattered over the range, which sorted, constant and saw-tooth vectors treat like any other.
+// With the lengths that linear scaling compares, 125 to 1000 values, the standard library's selection, which
+// takes over where splitting takes much longer than with random values, needs two to five times as long.
 //
-// By the first value as pivot, for vectors with not-a-number or a negative zero: which of the values that
-// compare equal or unordered comes to stand in the middle follows from the exchanges, and these are the
-// exchanges that the median is defined by.
-//
-// Splitting hands over to the standard library's selection when it takes much longer than with random values,
-// the exchanges where they would take quadratic time over a long vector.
+// By the first value as pivot, for vectors with not-a-number, and for those whose median is a zero where
+// there are zeros of both signs: which of the values that compare equal or unordered comes to stand in the
+// middle follows from the exchanges, and these are the exchanges that the median is defined by. Where they
+// take long, a tree takes over (medianExchanges.hpp).
 #pragma once
+
+#include "utility/vector/medianExchanges.hpp"
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <concepts>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
-namespace medianSelection {
+namespace wavepitch::utility::medianSelection {
 
 /// The values at the sorted positions k and k + 1; upper means nothing if there is no position k + 1.
 template <typename T>
@@ -31,23 +36,13 @@ struct Middle {
     T upper;
 };
 
-/// Not-a-number above every number: an order that the standard library can select by.
-template <typename T>
-bool below(T a, T b) {
-    if constexpr (std::floating_point<T>) {
-        if (a != a) return false;
-        if (b != b) return true;
-    }
-    return a < b;
-}
-
 /// The standard library's selection among len values.
 ///
 /// @param follows  the smallest value behind the range, used if k is the last position in it.
 template <typename T>
 Middle<T> bySorting(T* range, int len, int k, T follows) {
-    std::nth_element(range, range + k, range + len, below<T>);
-    return {range[k], k + 1 < len ? *std::min_element(range + k + 1, range + len, below<T>) : follows};
+    std::nth_element(range, range + k, range + len);
+    return {range[k], k + 1 < len ? *std::min_element(range + k + 1, range + len) : follows};
 }
 
 template <typename T>
@@ -146,11 +141,24 @@ int partitionAroundFirst(T* range, int len) {
     return place;
 }
 
+/// Ranks as byExchanges asks for them.
+template <std::floating_point T>
+std::vector<int> ranksOf(const T* values, int n) {
+    std::vector<T> ordered;
+    std::copy_if(values, values + n, std::back_inserter(ordered), [](T x) { return x == x; });
+    std::sort(ordered.begin(), ordered.end());
+    std::vector<int> rank;
+    for (const T* x = values; x != values + n; ++x) {
+        const auto place = std::upper_bound(ordered.begin(), ordered.end(), *x) - ordered.begin();
+        rank.push_back(*x == *x ? static_cast<int>(place) : unordered);
+    }
+    return rank;
+}
+
 /// @param vec  n values, which this moves about.
 template <std::floating_point T>
 Middle<T> byFirstPivot(T* vec, int n, int k) {
-    constexpr std::int64_t worthTheExactOutcome = 1 << 24;
-    std::int64_t stepsLeft = std::max(std::int64_t{4} * n, worthTheExactOutcome);
+    std::int64_t stepsLeft = std::int64_t{16} * n; // random values take a quarter of it
     T floor = -std::numeric_limits<T>::infinity(); // no value of the range is below
     int first = 0;
     int end = n;
@@ -159,8 +167,11 @@ Middle<T> byFirstPivot(T* vec, int n, int k) {
         int place = first;
         if (pivot > floor) { // any other pivot stays where it is
             stepsLeft -= end - first;
-            if (stepsLeft < 0)
-                return bySorting(vec + first, end - first, k - first, end < n ? vec[end] : vec[k]);
+            if (stepsLeft < 0) {
+                const T* range = vec + first;
+                const auto [lower, upper] = byExchanges(ranksOf(range, end - first), k - first);
+                return {range[lower], upper >= 0 ? range[upper] : vec[std::min(end, n - 1)]};
+            }
             place += partitionAroundFirst(vec + first, end - first);
         }
         if (place == k) break;
@@ -194,4 +205,18 @@ bool holdsAmbiguous(const T* vec, int n) {
     return (found & sign) != 0;
 }
 
-} // namespace medianSelection
+/// Whether the median of n values, with the lower middle one at place k, is not-a-number's matter or a zero
+/// of which there are both signs. Beside another value in the middle, the sign of a zero leaves no trace in
+/// their mean.
+template <std::floating_point T>
+bool isAmbiguous(const T* vec, int n, int k) {
+    if (!holdsAmbiguous(vec, n)) return false;
+    if (std::any_of(vec, vec + n, [](T x) { return x != x; })) return true;
+    const auto negative = std::count_if(vec, vec + n, [](T x) { return x < 0; });
+    const auto zeros = std::count(vec, vec + n, T{0});
+    const auto negativeZeros = std::count_if(vec, vec + n, [](T x) { return x == 0 && std::signbit(x); });
+    const bool medianIsZero = negative <= k && (n % 2 == 1 ? k : k + 1) < negative + zeros;
+    return medianIsZero && negativeZeros < zeros;
+}
+
+} // namespace wavepitch::utility::medianSelection

@@ -9,6 +9,8 @@
 #include <concepts>
 #include <cstdint>
 
+namespace wavepitch::utility {
+
 /// Walks the points between the first and the last of a resampled vector: where each lies in the input, in
 /// whole positions and a remainder, without a division per point.
 class ResampleGrid {
@@ -54,14 +56,16 @@ bool resampleEnds(const T* in, int inLen, T* out, int outLen) {
     return outLen > 2;
 }
 
+} // namespace wavepitch::utility
+
 /// Resampling in floating point; positions and weights are formed in double for every element type.
 ///
 /// @param in   inLen values; must not overlap out.
 /// @param out  receives outLen values. An outLen of 1 gives the last input value.
 template <std::floating_point T>
 void vecResample(const T* in, int inLen, T* out, int outLen) {
-    if (!resampleEnds(in, inLen, out, outLen)) return;
-    ResampleGrid grid(inLen, outLen);
+    if (!wavepitch::utility::resampleEnds(in, inLen, out, outLen)) return;
+    wavepitch::utility::ResampleGrid grid(inLen, outLen);
     for (int i = 1; i < outLen - 1; ++i, grid.next()) {
         const std::int64_t j = grid.position();
         const double pos = static_cast<double>(i) * (inLen - 1) / (outLen - 1);

@@ -28,11 +28,11 @@ int doubleSortFunction(const void* first, const void* second);
 int floatSortFunction(const void* first, const void* second);
 int intSortFunction(const void* first, const void* second);
 
-namespace vectorSort {
+namespace wavepitch::utility {
 
 /// Moves the pivot vec[left] to the position that it has in the sorted range and returns that position.
 template <typename T>
-std::ptrdiff_t partition(T* vec, std::ptrdiff_t left, std::ptrdiff_t right, int* index) {
+std::ptrdiff_t quickSortPartition(T* vec, std::ptrdiff_t left, std::ptrdiff_t right, int* index) {
     const T pivot = vec[left];
     std::ptrdiff_t i = left;
     std::ptrdiff_t j = right + 1;
@@ -51,22 +51,22 @@ std::ptrdiff_t partition(T* vec, std::ptrdiff_t left, std::ptrdiff_t right, int*
 }
 
 template <typename T>
-void sort(T* vec, std::ptrdiff_t left, std::ptrdiff_t right, int* index) {
+void quickSortRange(T* vec, std::ptrdiff_t left, std::ptrdiff_t right, int* index) {
     while (left < right) {
-        const std::ptrdiff_t place = partition(vec, left, right, index);
+        const std::ptrdiff_t place = quickSortPartition(vec, left, right, index);
         if (place - left < right - place) {
-            sort(vec, left, place - 1, index);
+            quickSortRange(vec, left, place - 1, index);
             left = place + 1;
         } else {
-            sort(vec, place + 1, right, index);
+            quickSortRange(vec, place + 1, right, index);
             right = place - 1;
         }
     }
 }
 
-} // namespace vectorSort
+} // namespace wavepitch::utility
 
 template <typename T>
 void quickSort(T* vec, int left, int right, int* index) {
-    vectorSort::sort(vec, left, right, index);
+    wavepitch::utility::quickSortRange(vec, left, right, index);
 }

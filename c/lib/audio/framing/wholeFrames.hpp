@@ -1,0 +1,36 @@
+// The whole frames of a waveform, one after the other: the ground of everything that works frame by frame.
+#pragma once
+
+#include "audio/framing/framing.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace wavepitch::framing {
+
+/// Whole frames of a waveform: getFrameNum2, and 0 where that is negative or where frameSize or the step is
+/// below 1. Every one of them lies inside the waveform.
+inline int wholeFrameNum(int waveLen, int frameSize, int overlap) {
+    return frameSize < 1 ? 0 : std::max(0, cAudioFraming::getFrameNum2(waveLen, frameSize, overlap));
+}
+
+/// Writes feature(frame) of each whole frame in order; frame points to frameSize samples of the waveform.
+///
+/// @param out  room for wholeFrameNum values.
+template <typename Sample, typename Value, typename Feature>
+void featurePerFrame(const Sample* wave, int waveLen, int frameSize, int overlap, Value* out,
+                     Feature feature) {
+    const int frameNum = wholeFrameNum(waveLen, frameSize, overlap);
+    const std::int64_t step = std::int64_t{frameSize} - overlap;
+    for (int i = 0; i < frameNum; ++i) out[i] = feature(wave + i * step);
+}
+
+/// A vector with one zero for each whole frame.
+template <typename Value>
+std::vector<Value> valuePerFrame(int waveLen, int frameSize, int overlap) {
+    return std::vector<Value>(static_cast<std::size_t>(wholeFrameNum(waveLen, frameSize, overlap)));
+}
+
+} // namespace wavepitch::framing

@@ -1,8 +1,0 @@
-// The ratios of linear scaling. Internal to the scaling operations.
-#pragma once
-
-/// The ratio of scale i, formed from left to right: a step formed beforehand would round to other lengths.
-inline double scaleRatio(double lowerRatio, double upperRatio, int resolution, int i) {
-    if (resolution < 2) return lowerRatio;
-    return lowerRatio + i * (upperRatio - lowerRatio) / (resolution - 1);
-}
