@@ -108,3 +108,4 @@ recordingsGiveTheSameBitsInBothHosts (mexhost, module, examples);
 badArgumentsAreErrorsOfTheHost ();
 otherShapesAndClassesOfNumbersAreTaken ();
 fatalErrorIsAnErrorAndStandsInTheLog ();
+assert (strfind (get_help_text ("wave2pfMat"), "PFMAT = wave2pfMat (WAVE, FRAMESIZE") > 0);
