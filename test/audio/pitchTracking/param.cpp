@@ -48,8 +48,11 @@ TEST(PitchParam, DefaultsFollowRateAndType) {
         EXPECT_EQ(p.useClarityWeight, pfType == PF_ACF) << fs << ' ' << pfType;
     }
     PTPARAM p;
+    p.minIndex = 7;
+    p.maxIndex = 7;
     cAudio::ptParamSet(&p, 50.0F, 44100, 9, PF_ACF);
     EXPECT_EQ(layoutOf(p), Layout(1411, 529, 706, 31));
+    EXPECT_EQ(std::pair(p.minIndex, p.maxIndex), std::pair(0, 0));
     EXPECT_EQ(printed(p),
               "ptParam->fs=44100 nbits=9 pfType=1 frameSize=1411 overlap=529 pfLen=706 ppcNum=10 "
               "pitchRangeMax=24 pitchDiffMax=5 minPitch=30 maxPitch=84 maxMedianPitchDiff=20 dpMethod=1 "

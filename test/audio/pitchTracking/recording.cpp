@@ -46,7 +46,7 @@ TEST(Recordings, EachStageDecidesWhatIsHeard) {
          {high, {20, 14, 100, 0}, {14, 30, 12, 0}, high, {6, 4, 80, 880}, high}},
         {"nothing above 90", {high, {5, 10, 90, 0}, high, {6, 10, 90, 880}, high}},
         {"a leap costs more than a soft note gains, and less than a louder one",
-         {a, {26, 5, 12, 500}, a, {26, 5, 15, 620}, a}},
+         {a, {26, 5, 14, 500}, a, {26, 5, 15, 620}, a}},
     };
     const ConsoleCapture console;
     for (const auto& [name, notes] : cases) {
@@ -73,9 +73,9 @@ TEST(Recordings, AreBroughtTo8000HzAnd8Bits) {
 
 TEST(Recordings, WithoutAFrameHaveNoPitchAndTooLongOnesAreRefused) {
     const ConsoleCapture console;
-    for (const Recording& wave : {Recording(), Recording(100, 7), Recording(8000)})
-        for (const int fs : {8000, 16000, 100, 0, INT_MIN})
-            EXPECT_EQ(bGetPitch(wave, fs, 16), Ints()) << wave.size() << ' ' << fs;
+    for (const int fs : {8000, 100, 0, INT_MIN})
+        EXPECT_EQ(bGetPitch(Recording(255, 7), fs, 16), Ints()) << fs;
+    EXPECT_EQ(bGetPitch({}, 16000, 16), Ints());
     EXPECT_EQ(
         fatalMessage([] { bGetPitch(Recording(300000), 1, 16); }),
         "bGetPitch: wave has 300000 samples at fs=1, which are 2399992001 at 8000: more than 2147483647 "
