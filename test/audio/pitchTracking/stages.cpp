@@ -95,7 +95,7 @@ TEST(LargestMagnitude, IsThatOfTheWholeMatrix) {
         p.pfType = PF_TYPE{round % 2};
         Ints wave;
         for (const double sample : randomDoubles(random, 200, 1, 100 + unsigned(round)))
-            wave.push_back(static_cast<int>(sample) - 100);
+            wave.push_back((static_cast<int>(sample) - 100) * (1 + lengthOf(wave) / 20 % 3));
         const wavepitch::pitchTracking::FramedWave recording(wave.data(), lengthOf(wave), p);
         Doubles values(size_t(recording.frameNum) * 18);
         recording.pitchFunctions(0, {values.data(), recording.frameNum, 18});
