@@ -87,8 +87,8 @@ public:
         if (signal != SIGCHLD) stop(signal);
         progress.finish();
         if (jobs.size() > 1) sayTally("");
-        if (std::fflush(stdout) != 0)
-            throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+            throw std::runtime_error("standard output cannot be written");
         return tally.refused > 0 ? 1 : 0;
     }
 

@@ -19,7 +19,7 @@ constexpr int usageStatus = 2;
 std::vector<std::string> wordsToParse(int argc, char** argv) {
     std::vector<std::string> words(argv + 1, argv + argc);
     for (std::string& word : words)
-        if (word.starts_with('-') && isNumber(word)) word.insert(0, " ");
+        if (word.starts_with('-') && word != "-0" && isNumber(word)) word.insert(0, " ");
     std::reverse(words.begin(), words.end()); // the parser takes the last first
     return words;
 }
@@ -64,6 +64,8 @@ int main(int argc, char** argv) try {
     app.set_version_flag("--version", WAVEPITCH_VERSION);
     Options options;
     declare(app, options);
+    if (const std::string first = argc > 1 ? argv[1] : "help"; first != "help" && !first.starts_with('-'))
+        function(first); // tells a name that is none
     try {
         app.parse(wordsToParse(argc, argv));
     } catch (const CLI::ParseError& error) {
