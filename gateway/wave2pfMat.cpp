@@ -2,11 +2,13 @@
 // back.
 
 #include "audio/audio.hpp"
+#include "utility/fatal.hpp"
 
 #include <algorithm>
 #include <climits>
 #include <cstdint>
 #include <cstdio>
+#include <new>
 
 #include "mex.h"
 
@@ -73,6 +75,11 @@ void mexFunction(int /*nlhs*/, mxArray* plhs[], int nrhs, const mxArray* prhs[])
     if (frameSize <= overlap) refuse("frameSize = %d must exceed overlap = %d", frameSize, overlap);
 
     plhs[0] = createResult(pfLen, cAudio::getFrameNum2(waveLen, frameSize, overlap));
-    wave2pfMat<double, double>(wave, waveLen, frameSize, overlap, pfLen, static_cast<PF_TYPE>(pfType),
-                               pfMethod, mxGetPr(plhs[0]));
+    try {
+        wave2pfMat<double, double>(wave, waveLen, frameSize, overlap, pfLen, static_cast<PF_TYPE>(pfType),
+                                   pfMethod, mxGetPr(plhs[0]));
+    } catch (const std::bad_alloc&) {
+        myExitFormatted("wave2pfMat: no memory for frames of frameSize=%d samples (line %d of file %s)",
+                        frameSize, __LINE__, audioSourcePath);
+    }
 }

@@ -278,7 +278,9 @@ std::vector<int> Argument::samples(int nbits) const {
     requireSampleClass();
     requireOneChannel();
     const size_t count = rows() * columns();
-    if (count == 0 || count > static_cast<size_t>(mostInt)) refuse(vectorRule);
+    if (count == 0) refuse(vectorRule);
+    if (count > static_cast<size_t>(mostInt))
+        refuse("of at most " + std::to_string(mostInt) + " samples; it has " + std::to_string(count));
     std::vector<int> result(count);
     const auto read = [&]<typename T>(const T* sample) {
         if constexpr (std::is_floating_point_v<T>) {

@@ -17,7 +17,7 @@ constexpr Command table[] = {
     {"wave2pitch", 2, anyNumber, 5,
      "[pitch, time, clarity, pfMat, param] = wave2pitch (wave, fs, name, value, ...)", wave2pitchCommand},
     {"wave2f0", 2, anyNumber, 6,
-     "[f0, time, strength, correlation, segments, lag] = wave2f0 (wave, fs, name, value, ...)",
+     "[f0, time, strength, segments, correlation, lag] = wave2f0 (wave, fs, name, value, ...)",
      wave2f0Command},
     {"wave2pv", 2, 3, 1, "pv = wave2pv (wave, fs, nbits)", wave2pvCommand},
     {"isWaveSilence", 2, 4, 1, "silent = isWaveSilence (wave, fs, nbits, volTh)", isWaveSilenceCommand},

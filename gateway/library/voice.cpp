@@ -48,12 +48,12 @@ mxArray* track(Call& call, const Samples& wave, const VOICEPARAM& param) {
     const VOICESIZES sizes = voiceSizes(waveLen, param);
     mxArray* f0 = matrix(call, 1, sizes.frameNum);
     mxArray* strength = call.wants(2) ? matrix(call, 1, sizes.frameNum) : nullptr;
-    mxArray* correlation = call.wants(3) ? singleMatrix(call, sizes.lagNum, sizes.frameNum) : nullptr;
+    mxArray* correlation = call.wants(4) ? singleMatrix(call, sizes.lagNum, sizes.frameNum) : nullptr;
     wave2f0(wave.data(), waveLen, param, mxGetPr(f0), strength ? mxGetPr(strength) : nullptr,
             correlation ? static_cast<float*>(mxGetData(correlation)) : nullptr);
     call.give(0, f0);
     if (strength) call.give(2, strength);
-    if (correlation) call.give(3, correlation);
+    if (correlation) call.give(4, correlation);
     return f0;
 }
 
@@ -105,7 +105,7 @@ void wave2f0Command(Call& call) {
     const VOICESIZES sizes = voiceSizes(waveLen, param);
     const std::span<double> f0(mxGetPr(array), static_cast<size_t>(sizes.frameNum));
     if (call.wants(1)) call.give(1, times(call, sizes.frameNum, param.frameRate));
-    if (call.wants(4)) call.give(4, segmentRows(call, voicedSegments(f0, fs / param.frameRate), waveLen));
+    if (call.wants(3)) call.give(3, segmentRows(call, voicedSegments(f0, fs / param.frameRate), waveLen));
     if (call.wants(5)) call.give(5, lags(call, sizes));
     if (!inHz) std::transform(f0.begin(), f0.end(), f0.begin(), semitones);
 }

@@ -1,6 +1,6 @@
 % wave2f0  Fundamental frequency of a voice, a hundred times a second
 %
-%   [F0, TIME, STRENGTH, CORRELATION, SEGMENTS, LAG] = wave2f0 (WAVE, FS, NAME, VALUE, ...)
+%   [F0, TIME, STRENGTH, SEGMENTS, CORRELATION, LAG] = wave2f0 (WAVE, FS, NAME, VALUE, ...)
 %
 % Without an output, draws the waveform, and the curve over the spectrogram.
 %
@@ -28,9 +28,9 @@
 %              double precision, 69 + 12 * log2 (F0 / 440), while freq2pitch computes in single.
 %   TIME       1 x frames: the frames' instants in seconds, (0:frames - 1) / frameRate.
 %   STRENGTH   1 x frames: correlation of the voice with itself one period later, 0 to 1; 0 where unvoiced.
-%   CORRELATION  lags x frames, class single: correlation of each frame at all lags, -1 to 1.
 %   SEGMENTS   N x 2: the first and the last sample of each voiced segment, counted from 1, as endPoints gives
 %              them; 0 x 2 for none.  A frame reaches half a step to either side of its instant.
+%   CORRELATION  lags x frames, class single: correlation of each frame at all lags, -1 to 1.
 %   LAG        lags x 1: seconds of the rows of CORRELATION.
 %   Silence has no pitch: F0, STRENGTH and CORRELATION are 0.
 %
@@ -68,7 +68,7 @@ end
 %! assert (wave2f0 (int16 (8192 * wave), fs), f0, 0.1);
 %! assert (wave2f0 (uint8 (128 + 127 * wave), fs)(61:240), f0(61:240), 0.5);
 %!test  # the segment is the sound, every frame and lag is there
-%! [f0, time, ~, correlation, segments, lag] = wave2f0 (wave, fs, "frameRate", 200, "minF0", 80, "maxF0", 500);
+%! [f0, time, ~, segments, correlation, lag] = wave2f0 (wave, fs, "frameRate", 200, "minF0", 80, "maxF0", 500);
 %! assert (segments, [0.5, 2.5] * fs, 0.03 * fs);
 %! assert (time, (0:599) / 200);
 %! assert (size (correlation), [numel(lag), numel(f0)]);
@@ -76,7 +76,7 @@ end
 %! assert (lag(period), 1 / f0(300), 1 / 8000);
 %! assert (lag([1, end])', [1 / 500, 1 / 80], 3 / 8000);
 %!test  # nothing is voiced, one sample, a constant
-%! [f0, ~, ~, ~, segments] = wave2f0 (zeros (1, fs), fs);
+%! [f0, ~, ~, segments] = wave2f0 (zeros (1, fs), fs);
 %! assert (f0, zeros (1, 100));
 %! assert (size (segments), [0, 2]);
 %! assert (wave2f0 (1, fs), 0);

@@ -28,7 +28,7 @@ for name = {dir(fullfile (examples, "*.wav")).name}
       assertSame (directory, sprintf ("clarity%d", pfType), clarity);
       assertSame (directory, sprintf ("pfMat%d", pfType), pfMat);
     end
-    [f0, ~, strength, correlation] = wave2f0 (input{1}, fs);
+    [f0, ~, strength, ~, correlation] = wave2f0 (input{1}, fs);
     assertSame (directory, "f0", f0);
     assertSame (directory, "strength", strength);
     assertSame (directory, "correlation", double (correlation));

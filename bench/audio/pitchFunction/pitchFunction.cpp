@@ -20,6 +20,8 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -39,7 +41,7 @@ struct Case {
 
     std::string name() const {
         char text[100];
-        std::snprintf(text, sizeof text, "%4dx%-4d %4d %s %s %d", n, pfLen, frames,
+        std::snprintf(text, sizeof text, "%7dx%-4d %4d %s %s %d", n, pfLen, frames,
                       bits == 0    ? "double"
                       : bits == 16 ? "int16 "
                                    : "int8  ",
@@ -136,15 +138,22 @@ std::vector<std::string> versions() {
 }
 
 std::vector<Case> cases() {
-    const int shapes[][2] = {{256, 128}, {512, 256}, {640, 320}, {1412, 706}};
+    struct Group {
+        std::vector<int> frames, methods;
+        std::vector<std::pair<int, int>> shapes;
+    };
+    const std::vector<std::pair<int, int>> shapes = {{256, 128}, {512, 256}, {640, 320}, {1412, 706}};
+    const Group groups[] = {{{200}, {1, 2}, shapes},
+                            {{3, 2, 1}, {1}, shapes},
+                            {{1}, {1}, {{1000000, 1}, {1000000, 5}, {24, 12}}}}; // small work
     std::vector<Case> all;
-    for (const int frames : {200, 3})
-        for (const auto& shape : shapes)
-            for (const int bits : {0, 16, 8})
-                for (const PF_TYPE type : {PF_ACF, PF_AMDF})
-                    for (const int method : {1, 2})
-                        if (frames == 200 || method == 1)
-                            all.push_back({shape[0], shape[1], frames, bits, type, method});
+    for (const Group& group : groups)
+        for (const int frames : group.frames)
+            for (const auto& [n, pfLen] : group.shapes)
+                for (const int bits : {0, 16, 8})
+                    for (const PF_TYPE type : {PF_ACF, PF_AMDF})
+                        for (const int method : group.methods)
+                            all.push_back({n, pfLen, frames, bits, type, method});
     return all;
 }
 
@@ -168,13 +177,13 @@ void printTable(const Medians& medians, const Peak& peak) {
     const std::vector<std::string> names = versions();
     std::printf("peak of one core, 10^9 terms/s: mul+add %.1f, sub+abs+add %.1f\n", peak.multiplyAdd / 1e9,
                 peak.subtractAdd / 1e9);
-    std::printf("%-32s %6s", "   shape frames samples type mth", "plain");
+    std::printf("%-34s %6s", "      shape frames samples type mth", "plain");
     for (const std::string& version : names) std::printf(" %14s", version.c_str());
     std::printf(" %6s %9s %9s %9s\n", "peak", "plain ms", "ms", "FFT ms");
     for (const Case& c : cases()) {
         const double plain = medians.of(c, "plain");
         if (plain == 0) continue;
-        std::printf("%-32s %6.2f", c.name().c_str(), c.terms() / plain / 1e9);
+        std::printf("%-34s %6.2f", c.name().c_str(), c.terms() / plain / 1e9);
         double last = 0;
         for (const std::string& version : names) {
             last = medians.of(c, version);

@@ -1,65 +1,95 @@
-// The whole tracker on one minute of speech, in times real time, and the time of each of its stages as a
-// share of the whole; then the entry for 16-bit recordings.
+// The whole tracker on speech of several lengths, in times real time, with the time of each of its stages as
+// a share of the whole and the memory that it takes beyond the caller's; then the entry for 16-bit
+// recordings.
 #include "audio/audio.hpp"
 #include "audio/endPoint/segment.hpp"
-#include "audio/pitchTracking/candidateTable.hpp"
+#include "audio/pitchTracking/candidatePicker.hpp"
+#include "audio/pitchTracking/loudest.hpp"
+#include "audio/pitchTracking/openPath.hpp"
 #include "audio/pitchTracking/pitchMatrix.hpp"
 #include "support/speech.hpp"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
+#include <algorithm>
 #include <cstdlib>
+#include <ctime>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <sys/resource.h>
 
 #include "standIn.hpp"
 
 namespace {
 
-constexpr int seconds = 60;
+using namespace wavepitch::pitchTracking;
 
-std::vector<int> speechAt(int fs) {
-    return speech(fs == 8000 ? "speech8k.wav" : "reading16k.wav", seconds);
+/// Speech at any rate: the recording made for the nearest one, played faster or slower.
+std::vector<int> speechAt(int fs, int seconds) {
+    const int rate = fs == 8000 ? 8000 : 16000;
+    const std::vector<int> source = speech(fs == 8000 ? "speech8k.wav" : "reading16k.wav", 60);
+    std::vector<int> wave(static_cast<size_t>(seconds) * static_cast<size_t>(fs));
+    for (size_t i = 0; i < wave.size(); ++i)
+        wave[i] = source[i * static_cast<size_t>(rate) / static_cast<size_t>(fs) % source.size()];
+    return wave;
 }
 
-void timesRealTime(benchmark::State& state) {
+void timesRealTime(benchmark::State& state, int seconds) {
     state.counters["timesRealTime"] =
         benchmark::Counter(seconds * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
 }
 
+/// The most memory that this process has held so far.
+double peakMegabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
 /// The stages one by one, as the tracker chains them, with the time that each takes.
 struct Stages {
-    double matrix = 0, normalisation = 0, clarity = 0, candidates = 0, path = 0, volumeGate = 0;
+    double largest = 0, matrix = 0, normalisation = 0, clarity = 0, candidates = 0, path = 0, volumeGate = 0;
 
     static double timed(auto stage) {
-        const auto start = std::chrono::steady_clock::now();
+        const std::clock_t start = std::clock(); // processor time: other programs do not count
         stage();
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
     }
 
-    Stages(const std::vector<int>& wave, PTPARAM& p) {
+    Stages(const std::vector<int>& wave, const PTPARAM& p) {
         const auto length = static_cast<int>(wave.size());
-        const int frameNum = cAudio::getFrameNum2(length, p.frameSize, p.overlap);
-        const auto frames = static_cast<size_t>(frameNum);
-        std::vector<double> values(frames * static_cast<size_t>(p.pfLen));
-        std::vector<double> clarityOf(frames);
-        std::vector<double> pitch(frames);
-        const PitchMatrix pf{values.data(), frameNum, p.pfLen};
-        matrix = timed([&] {
-            wave2pfMat(wave.data(), length, p.frameSize, p.overlap, p.pfLen, p.pfType, pfMethodOf(p.pfType),
-                       values.data());
-        });
-        normalisation = timed([&] { normalise(pf); });
-        if (p.useClarityWeight != 0)
-            clarity = timed([&] {
-                findClarity(pf, p, clarityOf.data());
-                weightByClarity(pf, clarityOf.data());
+        const FramedWave framed(wave.data(), length, p);
+        constexpr int framesAtATime = 50;
+        std::vector<double> values(static_cast<size_t>(framesAtATime) * static_cast<size_t>(p.pfLen));
+        std::vector<double> clarityOf(framesAtATime);
+        double magnitude = 0;
+        largest = timed([&] { magnitude = largestMagnitude(framed, p.pfLen); });
+        CandidatePicker picker(p);
+        OpenPath openPath(p, [](int, int, std::optional<double>) {});
+        for (int first = 0; first < framed.frameNum; first += framesAtATime) {
+            const PitchMatrix pf{values.data(), std::min(framesAtATime, framed.frameNum - first), p.pfLen};
+            matrix += timed([&] { framed.pitchFunctions(first, pf); });
+            normalisation += timed([&] { normalise(pf, magnitude); });
+            if (p.useClarityWeight != 0)
+                clarity += timed([&] {
+                    findClarity(pf, p, first, framed.frameNum, clarityOf.data());
+                    weightByClarity(pf, clarityOf.data());
+                });
+            const auto pick = [&](auto use) {
+                for (int i = 0; i < pf.frameNum; ++i) use(picker.of(pf.frame(i), p.pfLen));
+            };
+            const double picking = timed(
+                [&] { pick([](const FrameCandidates& found) { benchmark::DoNotOptimize(found.count); }); });
+            candidates += picking;
+            path += timed([&] {
+                pick([&](const FrameCandidates& found) { openPath.add(found); });
+                openPath.handOn();
             });
-        std::vector<CandidateTable> table;
-        candidates = timed([&] { table.emplace_back(pf, p, true); });
-        path = timed([&] { table.front().findPath(p, pitch.data()); });
+            path -= picking;
+        }
         volumeGate = timed([&] {
             EPDPARAM epdParam;
             cAudio::epdParamSet(p.fs, epdParam);
@@ -69,21 +99,25 @@ struct Stages {
     }
 };
 
-void tracker(benchmark::State& state, PF_TYPE pfType) {
-    const auto fs = static_cast<int>(state.range(0));
-    const std::vector<int> wave = speechAt(fs);
+/// Of speech as long as given: its speed, the time by stage, and how far the process grows in the first call.
+void tracker(benchmark::State& state, int fs, PF_TYPE pfType, float frameRate) {
+    const auto seconds = static_cast<int>(60 * state.range(0));
+    const std::vector<int> wave = speechAt(fs, seconds);
     PTPARAM p;
-    cAudio::ptParamSet(&p, fs, 16, pfType, nullptr);
-    std::vector<double> pitch(wave.size() / 100);
+    cAudio::ptParamSet(&p, frameRate, fs, 16, pfType);
+    std::vector<double> pitch(static_cast<size_t>(seconds) * static_cast<size_t>(frameRate + 1));
     const auto track = [&] {
         ptByDpOverPfOnce<double, int>(wave.data(), static_cast<int>(wave.size()), p, pitch.data(), nullptr,
                                       nullptr, nullptr);
     };
-    for (auto _ : state) track();
-    timesRealTime(state);
+    const double before = peakMegabytes();
     const double whole = Stages::timed(track);
+    state.counters["MB"] = peakMegabytes() - before;
+    for (auto _ : state) track();
+    timesRealTime(state, seconds);
     const Stages stages(wave, p);
     const auto share = [&](const char* name, double time) { state.counters[name] = 100.0 * time / whole; };
+    share("%largest", stages.largest);
     share("%matrix", stages.matrix);
     share("%normalisation", stages.normalisation);
     share("%clarity", stages.clarity);
@@ -93,11 +127,10 @@ void tracker(benchmark::State& state, PF_TYPE pfType) {
 }
 
 void recording(benchmark::State& state) {
+    constexpr int seconds = 60;
     const auto fs = static_cast<int>(state.range(0));
-    const std::vector<int> source = speechAt(8000);
-    std::vector<short> wave(static_cast<size_t>(seconds) * static_cast<size_t>(fs));
-    for (size_t i = 0; i < wave.size(); ++i)
-        wave[i] = static_cast<short>(source[i * 8000 / static_cast<size_t>(fs) % source.size()]);
+    const std::vector<int> source = speechAt(fs, seconds);
+    const std::vector<short> wave(source.begin(), source.end());
     standIn::Console console = standIn::setConsole([](std::string_view) {});
     for (auto _ : state) {
         int* out = nullptr;
@@ -106,15 +139,17 @@ void recording(benchmark::State& state) {
         std::free(out);
     }
     standIn::setConsole(console);
-    timesRealTime(state);
+    timesRealTime(state, seconds);
 }
 
-BENCHMARK_CAPTURE(tracker, AMDF, PF_AMDF)
-    ->ArgName("fs")
-    ->Arg(8000)
-    ->Arg(16000)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(tracker, ACF, PF_ACF)->ArgName("fs")->Arg(8000)->Arg(16000)->Unit(benchmark::kMillisecond);
+void lengths(benchmark::internal::Benchmark* bench) {
+    bench->ArgName("minutes")->Arg(1)->Arg(10)->Arg(60)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK_CAPTURE(tracker, 8k_ACF, 8000, PF_ACF, 100.0F)->Apply(lengths);
+BENCHMARK_CAPTURE(tracker, 16k_ACF, 16000, PF_ACF, 100.0F)->Apply(lengths);
+BENCHMARK_CAPTURE(tracker, 16k_AMDF, 16000, PF_AMDF, 100.0F)->Apply(lengths);
+BENCHMARK_CAPTURE(tracker, 44k_ACF, 44100, PF_ACF, 100.0F)->Apply(lengths);
 BENCHMARK(recording)->Name("bGetPitch")->ArgName("fs")->Arg(8000)->Arg(44100)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,5 +1,7 @@
 // The utility library: include this header; the files behind it are one topic each.
 // Everything stands in the global namespace, under the names that the library's users know.
+//
+// Where memory runs out, std::bad_alloc leaves the operation, whatever it is, with all that it took released.
 #pragma once
 
 #include "utility/console.hpp"

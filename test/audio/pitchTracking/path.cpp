@@ -99,22 +99,24 @@ TEST(Path, WidestKernelTakesTheSameWay) {
     using namespace wavepitch;
     using pitchTracking::bestPredecessors;
     if (!hasEightLanes()) GTEST_SKIP() << "no AVX2";
-    Doubles total, position, penalty(256);
-    for (int i = 0; i < 128; ++i) position.push_back(i);
-    for (int i = 0; i < 100; ++i) total.push_back(i * 7919 % 50 + 0.1);
+    Doubles total(128), position(128), cost(256);
+    for (int i = 0; i < 128; ++i) {
+        total[size_t(i)] = i * 7919 % 50 + 0.1;
+        position[size_t(i)] = i;
+    }
     for (const int kind : {0, 1, 2, 3}) {
-        const bool squared = kind < 2, low = kind % 2 == 0;
-        const float weight = low ? 0.1F : -0.1F;
+        const bool squared = kind < 2;
+        const bool low = kind % 2 == 0;
+        const pitchTracking::Transition transition{low ? 0.1F : -0.1F, squared, low};
         for (int d = -128; d < 128; ++d)
-            penalty[size_t(d + 128)] = double(weight * float(squared ? d * d : std::abs(d)));
+            cost[size_t(d + 128)] = double(transition.signedWeight * float(squared ? d * d : std::abs(d)));
+        const pitchTracking::PathColumn column{total.data(), position.data(), 128};
         const auto result = [&](auto version, const double* tabled) {
             std::pair best(std::vector<float>(128), Ints(128));
-            Doubles promised(128);
-            version({total.data(), position.data(), 100, position.data(), 128, best.first.data(),
-                     best.second.data(), tabled, 0, true, promised.data(), weight, squared, low});
+            version({column, column, transition, tabled}, best.first.data(), best.second.data());
             return best;
         };
-        for (const double* tabled : {&penalty[128], static_cast<double*>(nullptr)})
+        for (const double* tabled : {&cost[128], static_cast<double*>(nullptr)})
             EXPECT_EQ(result(bestPredecessors<eightLanes>, tabled),
                       result(bestPredecessors<InstructionSet::portable>, nullptr))
                 << kind;

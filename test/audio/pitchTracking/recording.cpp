@@ -34,6 +34,14 @@ TEST(Recordings, PitchInTenths) {
             EXPECT_EQ(bGetPitch(wave, fs, 16).size(), 0U) << fs;
 }
 
+TEST(Recordings, WhatIntCannotCountIsRefused) {
+    const ConsoleCapture console;
+    EXPECT_EQ(
+        fatalMessage([] { bGetPitch(Recording(300000), 1, 16); }),
+        "bGetPitch: wave has 300000 samples at fs=1, which are 2399992001 at 8000: more than 2147483647 "
+        "(line N of file ../../../../c/lib/audio/audio)");
+}
+
 TEST(Recordings, Silence) {
     const ConsoleCapture console;
     for (const auto& [length, fs, sample, least] : {std::tuple(512, 8000, 256, 5), {640, 16000, 255, 13}})

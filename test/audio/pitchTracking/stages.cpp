@@ -89,6 +89,22 @@ TEST(PitchVector, MediansAndInterpolation) {
         EXPECT_EQ(cAudio::interp4pitchPeriod(x, 3, y, t), value) << t;
 }
 
+TEST(PitchVector, LongMediansAreThoseOfEachSpan) {
+    std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
+    const double rare[] = {-0.0, notANumber, HUGE_VAL};
+    Doubles pitch;
+    for (int i = 0; i < 900; ++i)
+        pitch.push_back(i > 700 && i % 50 < 3 ? rare[i % 50] : double(random() % 40) / 3);
+    for (const int order : {99, 100, 101, 160}) {
+        Doubles filtered = pitch;
+        medianFilter(filtered.data(), 900, order);
+        for (int i = order / 2; i < 900 - order / 2; ++i) {
+            const double expected = vecMedian(&pitch[size_t(i - order / 2)], order);
+            EXPECT_TRUE(isSame(filtered[size_t(i)], expected)) << order << ' ' << i;
+        }
+    }
+}
+
 TEST(PitchVector, IntegerFormIsLimitedAndTrimmed) {
     const std::tuple<Doubles, Ints, Ints> cases[] = {
         {{0, 33.9, 60.7, 0, 80.1, 61.2, 0}, {1, 5}, {600, 0, 0, 610}},

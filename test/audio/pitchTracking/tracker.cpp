@@ -26,6 +26,7 @@ struct Tracked {
     Doubles pitch, clarity, pfMat;
     Ints bestIndex;
 
+    Tracked() = default;
     Tracked(const Ints& wave, PTPARAM& p) {
         const int frameNum = cAudio::getFrameNum2(lengthOf(wave), p.frameSize, p.overlap);
         clarity = pitch = Doubles(size_t(frameNum), -1.0);
@@ -98,6 +99,84 @@ TEST(Tracker, EachSwitchDoesItsOneThing) {
     cAudio::trimPitch(loud.pitch.data(), lengthOf(loud.pitch), first, last);
     EXPECT_EQ(with(&PTPARAM::cutLeadingTrailingZero, 1).pitch,
               Doubles(loud.pitch.begin() + first, loud.pitch.begin() + last + 1));
+}
+
+/// What the tracker finds with so many frames at a time; without a matrix of the caller's.
+Tracked inBlocks(const Ints& wave, PTPARAM p, int framesAtATime) {
+    Tracked result;
+    const int frameNum = cAudio::getFrameNum2(lengthOf(wave), p.frameSize, p.overlap);
+    result.pitch.resize(size_t(frameNum));
+    result.clarity.resize(size_t(frameNum));
+    result.bestIndex.resize(size_t(frameNum));
+    wavepitch::pitchTracking::track(wave.data(), lengthOf(wave), p, result.pitch.data(),
+                                    result.clarity.data(), nullptr, result.bestIndex.data(), framesAtATime);
+    return result;
+}
+
+/// The lags that the path search chooses when it is given every run of frames as a whole.
+Ints lagsOfWholeRuns(Doubles pfMat, const PTPARAM& p) {
+    const size_t pfLen = size_t(p.pfLen);
+    const size_t frameNum = pfMat.size() / pfLen;
+    std::vector<std::vector<PPC>> candidates(frameNum);
+    std::vector<STRUCT_A> A(frameNum, STRUCT_A{0, -1, nullptr});
+    Ints lags(pfLen);
+    for (size_t i = 0; i < frameNum; ++i) {
+        const double* pf = &pfMat[i * pfLen];
+        A[i].ppcLen = pf2ppc(pf, p.pfLen, p, lags.data());
+        for (int j = 0; j < A[i].ppcLen; ++j)
+            candidates[i].push_back({lags[size_t(j)], pf[lags[size_t(j)]], -1, 0.0});
+        A[i].ppc = candidates[i].data();
+    }
+    Doubles pitch(frameNum);
+    size_t first = 0;
+    for (size_t i = 0; i <= frameNum; ++i) {
+        if (i < frameNum && A[i].ppcLen > 0) continue;
+        A2pitchByDp(&A[first], int(i - first), p, &pitch[first]);
+        first = i + 1;
+    }
+    Ints chosen;
+    for (const STRUCT_A& frame : A) chosen.push_back(frame.bestIndex);
+    return chosen;
+}
+
+/// A loud tone for a fifth of a second, then what(seconds), a second long.
+Ints afterATone(auto what) {
+    Ints wave;
+    for (int i = 0; i < 19200; ++i) {
+        const double t = i / 16000.0;
+        wave.push_back(myRound(i < 3200 ? 16000 * std::sin(6.283185307 * 150 * t) : what(t)));
+    }
+    return wave;
+}
+
+TEST(Tracker, BlocksOfAnySizeGiveTheWholePath) {
+    std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
+    const auto noise = [&](int reach) { return int(random() % unsigned(2 * reach + 1)) - reach; };
+    const auto tone = [](double frequency, double t) { return 9000 * std::sin(6.283185307 * frequency * t); };
+    const std::pair<const char*, Ints> recordings[] = {
+        {"octaves", afterATone([&](double t) { return tone(120, t) + tone(240, t); })},
+        {"silence", afterATone([&](double t) { return t < 0.7 ? 0.0 : tone(200, t); })},
+        {"noise", afterATone([&](double) { return double(noise(22000)); })},
+        {"faint noise", afterATone([&](double t) { return noise(1) + (t < 1 ? 0.0 : tone(200, t)); })}};
+    const ConsoleCapture console;
+    for (const auto& [name, wave] : recordings)
+        for (const PF_TYPE pfType : {PF_ACF, PF_AMDF})
+            for (const int local : {0, 1})
+                for (const float weight : {6.0F, 1e9F}) { // no path leaves its lag with the second
+                    PTPARAM p = trackingDefaults(16000, pfType);
+                    p.dpUseLocalOptim = local;
+                    p.indexDiffWeight = weight;
+                    p.useVolThreshold = 0;
+                    const Tracked whole(wave, p);
+                    EXPECT_EQ(whole.bestIndex, lagsOfWholeRuns(whole.pfMat, p)) << name << pfType << local;
+                    for (const int framesAtATime : {1, 2, 7, 1000}) {
+                        SCOPED_TRACE(name + std::to_string(pfType) + std::to_string(framesAtATime));
+                        const Tracked found = inBlocks(wave, p, framesAtATime);
+                        EXPECT_EQ(found.bestIndex, whole.bestIndex);
+                        EXPECT_EQ(found.pitch, whole.pitch);
+                        EXPECT_EQ(found.clarity, whole.clarity);
+                    }
+                }
 }
 
 TEST(Tracker, NothingToTrack) {

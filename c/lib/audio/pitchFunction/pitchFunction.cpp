@@ -5,9 +5,11 @@
 #include "audio/pitchFunction/kernel/kernel.hpp"
 #include "utility/fatal.hpp"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
+#include <type_traits>
 #include <vector>
 
 #include "mex.h"
@@ -28,41 +30,43 @@ using wavepitch::pitchFunction::Version;
     std::exit(1);
 }
 
-/// Room for a kernel's work.
+/// Room for a kernel's work; small work is not worth an allocation.
 class WorkBlock {
 public:
-    explicit WorkBlock(std::size_t size) : block(::operator new(size, alignment)) {}
-    ~WorkBlock() { ::operator delete(block, alignment); }
+    explicit WorkBlock(std::size_t size)
+        : allocated(size > sizeof small ? ::operator new(size, alignment) : nullptr) {}
+    ~WorkBlock() { ::operator delete(allocated, alignment); }
     WorkBlock(const WorkBlock&) = delete;
     WorkBlock& operator=(const WorkBlock&) = delete;
 
-    void* get() const { return block; }
+    void* get() { return allocated ? allocated : small; }
 
 private:
     static constexpr std::align_val_t alignment{64};
-    void* block;
+    alignas(64) std::byte small[4096];
+    void* allocated;
 };
 
-void run(const Version& version, const Task& task, const double* wave, const std::vector<int>& start,
+void run(const Version& version, const Task& task, const double* wave, const int* start, std::size_t frameNum,
          void* work, double* pf) {
-    version.ofDoubles(task, wave, start.data(), start.size(), work, pf);
+    version.ofDoubles(task, wave, start, frameNum, work, pf);
 }
 
-void run(const Version& version, const Task& task, const int* wave, const std::vector<int>& start, void* work,
-         double* pf) {
-    version.ofInts(task, wave, start.data(), start.size(), work, pf);
+void run(const Version& version, const Task& task, const int* wave, const int* start, std::size_t frameNum,
+         void* work, double* pf) {
+    version.ofInts(task, wave, start, frameNum, work, pf);
 }
 
-/// The pitch functions of the frames that start at these samples. The lags of frameSize and more, which have
-/// no terms, are no matter of the kernels.
+/// The pitch functions of the frames that start at these samples, frameNum of them. The lags of frameSize and
+/// more, which have no terms, are no matter of the kernels.
 template <typename T>
-void pitchFunctions(const Task& task, const T* wave, const std::vector<int>& start, double* pf) {
+void pitchFunctions(const Task& task, const T* wave, const int* start, std::size_t frameNum, double* pf) {
     const Version version = wavepitch::pitchFunction::version();
     if (task.lags > 0) {
-        const WorkBlock work(version.workSize(task));
-        run(version, task, wave, start, work.get(), pf);
+        WorkBlock work(version.workSize(task, std::is_same_v<T, int>, frameNum));
+        run(version, task, wave, start, frameNum, work.get(), pf);
     }
-    for (std::size_t i = 0; i < start.size(); ++i)
+    for (std::size_t i = 0; i < frameNum; ++i)
         for (std::size_t lag = task.lags; lag < task.stride; ++lag) {
             const double terms = static_cast<double>(task.frameSize) - static_cast<double>(lag);
             pf[i * task.stride + lag] = task.average ? 0.0 / terms : 0.0;
@@ -80,6 +84,8 @@ void subtractMean(int* frame, int frameSize) {
     wavepitch::pitchFunction::version().removeMean(frame, static_cast<std::size_t>(frameSize));
 }
 
+constexpr int startOfOne = 0;
+
 bool isKnown(int method) {
     return method >= 1 && method <= 4;
 }
@@ -89,7 +95,7 @@ bool isKnown(int method) {
 template <typename T1, typename T2>
 void frame2amdf(const T1* frame, int frameSize, T2* amdf, int pfLen, int method) {
     if (!isKnown(method)) unknownMethod(PF_AMDF, frame);
-    pitchFunctions(taskOf(frameSize, pfLen, false, method), frame, {0}, amdf);
+    pitchFunctions(taskOf(frameSize, pfLen, false, method), frame, &startOfOne, 1, amdf);
 }
 
 template <typename T1, typename T2>
@@ -97,7 +103,7 @@ void frame2acf(T1* frame, int frameSize, T2* acf, int pfLen, int method, int rem
     if (removeMean && frameSize > 0) subtractMean(frame, frameSize);
     if (!isKnown(method)) unknownMethod(PF_ACF, frame);
     const T1* samples = frame;
-    pitchFunctions(taskOf(frameSize, pfLen, true, method), samples, {0}, acf);
+    pitchFunctions(taskOf(frameSize, pfLen, true, method), samples, &startOfOne, 1, acf);
 }
 
 template <typename T1, typename T2>
@@ -112,14 +118,9 @@ void wave2pfMat(const T1* wave, int waveLen, int frameSize, int overlap, int pfL
     Task task = taskOf(frameSize, pfLen, pfType == PF_ACF, pfMethod);
     task.flip = pfMethod > 2;
     task.removeMean = pfType == PF_ACF;
-    try {
-        std::vector<int> start(static_cast<std::size_t>(frameNum));
-        cAudioFraming::buffer2(waveLen, frameSize, overlap, start.data());
-        pitchFunctions(task, wave, start, pfMat);
-    } catch (const std::bad_alloc&) {
-        myExitFormatted("wave2pfMat: no memory for frames of frameSize=%d samples (line %d of file %s)",
-                        frameSize, __LINE__, audioSourcePath);
-    }
+    std::vector<int> start(static_cast<std::size_t>(frameNum));
+    cAudioFraming::buffer2(waveLen, frameSize, overlap, start.data());
+    pitchFunctions(task, wave, start.data(), start.size(), pfMat);
 }
 
 template void wave2pfMat(const double*, int, int, int, int, PF_TYPE, int, double*);

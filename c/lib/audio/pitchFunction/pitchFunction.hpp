@@ -38,8 +38,10 @@ enum PF_TYPE : int { PF_AMDF = 0, PF_ACF = 1 };
 ///
 /// A waveform without a whole frame, a frameSize below 0 and an overlap of frameSize or more write nothing
 /// and are no error, whatever the type and method. Otherwise an unknown type is fatal path A with "Unknown
-/// pfType=%d (line %d of file %s)", so is a lack of memory, and an unknown method ends the process as
-/// frame2amdf or frame2acf does. Nothing is allocated but the start indices and one tile of frame copies.
+/// pfType=%d (line %d of file %s)", and an unknown method ends the process as frame2amdf or frame2acf does.
+///
+/// Memory: the start indices and copies of as many frames as are summed side by side, at most 8 of doubles
+/// and 16 of ints; of one frame with more than a few lags one copy, and 8 if it has 16384 samples or fewer.
 ///
 /// Instances: <double, double>, <int, double>.
 template <typename T1, typename T2>
@@ -55,6 +57,8 @@ void wave2pfMat(const T1* wave, int waveLen, int frameSize, int overlap, int pfL
 /// @param method     1 to 4. Another number ends the process with status 1, after "Unknown method for
 ///                   frame2amdf()!" and a newline on standard output (double) or on the host console (int).
 ///
+/// Memory: what wave2pfMat takes for one frame; none where there are few lags.
+///
 /// Instances: <double, double>, <int, double>.
 template <typename T1, typename T2>
 void frame2amdf(const T1* frame, int frameSize, T2* amdf, int pfLen, int method);
@@ -65,8 +69,8 @@ void frame2amdf(const T1* frame, int frameSize, T2* amdf, int pfLen, int method)
 /// @param removeMean  non-zero: the frame's mean is first subtracted from it, in place. The mean of doubles
 ///                    is their sum, over j upward, by frameSize; the mean of ints is truncated toward zero,
 ///                    and a difference beyond the range of int is its nearest end.
-/// The other parameters, and the message for an unknown method with this function's name, are those of
-/// frame2amdf.
+/// The other parameters, the message for an unknown method with this function's name, and the memory are
+/// those of frame2amdf.
 ///
 /// Instances: <double, double>, <int, double>.
 template <typename T1, typename T2>

@@ -33,7 +33,7 @@ struct STRUCT_A {
 /// With dpUseLocalOptim 1, a type that is neither PF_AMDF nor PF_ACF is fatal path A with "Unknown
 /// ptParam.pfType=%d (line %d of file %s)".
 ///
-/// Instances: double, float, int.
+/// The instance: double.
 template <typename T>
 int pf2ppc(const T* pf, int pfLen, const PTPARAM& ptParam, int* ppcIndex);
 

@@ -10,6 +10,9 @@
 
 namespace {
 
+using wavepitch::pitchTracking::asElement;
+using wavepitch::pitchTracking::fixedPointScale;
+
 /// The first lag from minIndex on after which the function rises (ACF) or falls (AMDF).
 template <typename T>
 int searchStart(const T* pf, int pfLen, PF_TYPE pfType, int minIndex) {
@@ -69,5 +72,4 @@ T pf2pitchClarity(const T* pf, int pfLen, const PTPARAM& ptParam, std::type_iden
 }
 
 template double pf2pitchClarity(const double*, int, const PTPARAM&, double*);
-template float pf2pitchClarity(const float*, int, const PTPARAM&, float*);
 template int pf2pitchClarity(const int*, int, const PTPARAM&, int*);

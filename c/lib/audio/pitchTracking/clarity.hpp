@@ -21,6 +21,6 @@
 /// A type that is neither PF_AMDF nor PF_ACF is fatal path A with "Unknown ptParam.pfType=%d (line %d of file
 /// %s)".
 ///
-/// Instances: double, float, int.
+/// Instances: double, int.
 template <typename T>
 T pf2pitchClarity(const T* pf, int pfLen, const PTPARAM& ptParam, std::type_identity_t<T>* clarity);

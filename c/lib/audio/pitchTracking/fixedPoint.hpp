@@ -6,6 +6,8 @@
 
 #include <type_traits>
 
+namespace wavepitch::pitchTracking {
+
 template <typename T>
 inline constexpr float fixedPointScale = std::is_integral_v<T> ? 1024.0F : 1.0F;
 
@@ -17,3 +19,5 @@ T asElement(double scaled) {
     else
         return static_cast<T>(scaled);
 }
+
+} // namespace wavepitch::pitchTracking

@@ -5,6 +5,8 @@
 
 #include <climits>
 
+namespace wavepitch::pitchTracking {
+
 namespace {
 
 /// The lag of a pitch, or the given one where it has none.
@@ -17,3 +19,5 @@ int lagOf(int fs, float pitch, int otherwise) {
 LagRange lagRange(const PTPARAM& ptParam) {
     return {lagOf(ptParam.fs, ptParam.maxPitch, INT_MAX), lagOf(ptParam.fs, ptParam.minPitch, -1)};
 }
+
+} // namespace wavepitch::pitchTracking

@@ -3,6 +3,8 @@
 
 #include "audio/pitchTracking/param.hpp"
 
+namespace wavepitch::pitchTracking {
+
 /// Both ends included; empty where last is below first.
 struct LagRange {
     int first;
@@ -12,3 +14,5 @@ struct LagRange {
 /// The lags of maxPitch and of minPitch: fs by their frequencies, in single precision, rounded. A bound of 0
 /// or less, or not-a-number, has no lag: it leaves every lag outside the range.
 LagRange lagRange(const PTPARAM& ptParam);
+
+} // namespace wavepitch::pitchTracking

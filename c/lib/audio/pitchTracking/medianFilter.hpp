@@ -1,6 +1,7 @@
 // Medians of pitch vectors: one pitch in semitones per frame, 0 for a frame without pitch.
 #pragma once
 
+#include "audio/pitchTracking/slidingMedian.hpp"
 #include "utility/vector/median.hpp"
 
 #include <algorithm>
@@ -14,6 +15,9 @@
 /// @param x      n values, changed in place.
 /// @param order  values in a median; below 1, nothing changes, nor where no value has order / 2 on both
 ///               sides.
+///
+/// The time is n log n at most, for any order; only medians among negative zeros and not-a-numbers, whose
+/// outcome is that of vecMedian, take as long as that.
 template <typename T>
 void medianFilter(T* x, int n, int order);
 
@@ -25,10 +29,12 @@ T getPitchMedian(const T* pitch, int n);
 
 template <typename T>
 void medianFilter(T* x, int n, int order) {
+    using wavepitch::pitchTracking::SlidingMedian;
     const int half = order / 2;
-    if (order < 1 || n <= half) return;
+    if (order < 1 || n - half <= half) return;
     const std::vector<T> before(x, x + n);
-    for (int i = half; i < n - half; ++i) x[i] = vecMedian(before.data() + (i - half), order);
+    SlidingMedian<T> median(before, order);
+    for (int i = half; i < n - half; ++i) x[i] = median.next();
 }
 
 template <typename T>

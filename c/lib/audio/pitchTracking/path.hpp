@@ -18,6 +18,6 @@
 /// A type that is neither PF_AMDF nor PF_ACF is fatal path A with "Unknown ptParam.pfType=%d (line %d of file
 /// %s)", once the totals stand.
 ///
-/// Instances: double, float, int.
+/// Instances: double, int.
 template <typename T>
 void A2pitchByDp(STRUCT_A* A, int frameNum, const PTPARAM& ptParam, T* pitch);

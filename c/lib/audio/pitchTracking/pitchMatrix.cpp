@@ -1,32 +1,53 @@
 #include "audio/pitchTracking/pitchMatrix.hpp"
 
+#include "audio/framing/wholeFrames.hpp"
 #include "audio/pitchTracking/clarity.hpp"
 
 #include <cmath>
 
 #include "mex.h"
 
+namespace wavepitch::pitchTracking {
+
+namespace {
+
+/// wave2pfMat refuses the method 3 that it is given for unknown types.
 int pfMethodOf(PF_TYPE pfType) {
     if (pfType == PF_AMDF) return 2;
     return pfType == PF_ACF ? 1 : 3;
 }
 
-bool normalise(const PitchMatrix& matrix) {
+} // namespace
+
+FramedWave::FramedWave(const int* itsWave, int itsLen, const PTPARAM& ptParam)
+    : wave(itsWave), waveLen(itsLen), frameSize(ptParam.frameSize), overlap(ptParam.overlap),
+      frameNum(framing::wholeFrameNum(itsLen, ptParam.frameSize, ptParam.overlap)), pfType(ptParam.pfType) {}
+
+void FramedWave::pitchFunctions(int first, const PitchMatrix& matrix) const {
+    const std::ptrdiff_t length = matrix.frameNum * step() + overlap; // at most waveLen
+    wave2pfMat(wave + first * step(), static_cast<int>(length), frameSize, overlap, matrix.pfLen, pfType,
+               pfMethodOf(pfType), matrix.values);
+}
+
+double largestMagnitude(const PitchMatrix& matrix) {
     double largest = 0.0;
     for (std::ptrdiff_t i = 0; i < matrix.size(); ++i) {
         const double magnitude = std::abs(matrix.values[i]);
-        if (magnitude > largest) largest = magnitude;
+        largest = magnitude > largest ? magnitude : largest;
     }
-    if (largest == 0.0) return false;
-    for (std::ptrdiff_t i = 0; i < matrix.size(); ++i)
-        matrix.values[i] = matrix.values[i] * 1048576.0 / largest;
-    return true;
+    return largest;
 }
 
-void findClarity(const PitchMatrix& matrix, const PTPARAM& ptParam, double* clarity) {
+void normalise(const PitchMatrix& matrix, double magnitude) {
+    for (std::ptrdiff_t i = 0; i < matrix.size(); ++i)
+        matrix.values[i] = matrix.values[i] * 1048576.0 / magnitude;
+}
+
+void findClarity(const PitchMatrix& matrix, const PTPARAM& ptParam, int first, int frameNum,
+                 double* clarity) {
     for (int i = 0; i < matrix.frameNum; ++i) {
         pf2pitchClarity(matrix.frame(i), matrix.pfLen, ptParam, clarity + i);
-        if (clarity[i] > 1.0) mexPrintf("i=%d/%d: clarity=%g\n", i, matrix.frameNum, clarity[i]);
+        if (clarity[i] > 1.0) mexPrintf("i=%d/%d: clarity=%g\n", first + i, frameNum, clarity[i]);
     }
 }
 
@@ -34,3 +55,5 @@ void weightByClarity(const PitchMatrix& matrix, const double* clarity) {
     for (int i = 0; i < matrix.frameNum; ++i)
         for (int lag = 0; lag < matrix.pfLen; ++lag) matrix.frame(i)[lag] *= clarity[i];
 }
+
+} // namespace wavepitch::pitchTracking

@@ -1,9 +1,12 @@
-// The pitch functions of a recording, and what the tracker does to them before it looks for candidates.
+// The pitch functions of a recording, frames at a time, and what the tracker does to them before it looks for
+// candidates.
 #pragma once
 
 #include "audio/pitchTracking/param.hpp"
 
 #include <cstddef>
+
+namespace wavepitch::pitchTracking {
 
 /// Column = frame, row = lag, column after column; the values belong to whoever has made it.
 struct PitchMatrix {
@@ -15,18 +18,38 @@ struct PitchMatrix {
     std::ptrdiff_t size() const { return static_cast<std::ptrdiff_t>(frameNum) * pfLen; }
 };
 
-/// The method of wave2pfMat for a type: 2 (mean) for the AMDF, 1 (sum) for the ACF; 3 for any other type,
-/// which wave2pfMat refuses.
-int pfMethodOf(PF_TYPE pfType);
+/// A recording and its whole frames.
+struct FramedWave {
+    const int* wave;
+    int waveLen;
+    int frameSize;
+    int overlap;
+    int frameNum; ///< wholeFrameNum
+    PF_TYPE pfType;
 
-/// Scales the values so that the largest magnitude is 2^20.
+    FramedWave(const int* wave, int waveLen, const PTPARAM& ptParam);
+
+    std::ptrdiff_t step() const { return static_cast<std::ptrdiff_t>(frameSize) - overlap; }
+
+    /// The pitch functions (wave2pfMat: method 2, the mean, of the AMDF, 1, the sum, of the ACF) of as many
+    /// frames as the matrix has, from first on.
+    void pitchFunctions(int first, const PitchMatrix& matrix) const;
+};
+
+/// The largest magnitude, not-a-number left out.
+double largestMagnitude(const PitchMatrix& matrix);
+
+/// Scales the values so that a magnitude, which is not 0, becomes 2^20.
+void normalise(const PitchMatrix& matrix, double magnitude);
+
+/// The clarity of each frame, into clarity[0] to clarity[matrix.frameNum - 1]; one above 1 is reported on the
+/// host console as "i=%d/%d: clarity=%g\n".
 ///
-/// @return  false where all values are 0 (a silent waveform) and stay so.
-bool normalise(const PitchMatrix& matrix);
-
-/// The clarity of each frame, into clarity[0] to clarity[frameNum - 1]; one above 1 is reported on the host
-/// console as "i=%d/%d: clarity=%g\n".
-void findClarity(const PitchMatrix& matrix, const PTPARAM& ptParam, double* clarity);
+/// @param first     the number of the matrix's first frame in the recording
+/// @param frameNum  and the frames of that.
+void findClarity(const PitchMatrix& matrix, const PTPARAM& ptParam, int first, int frameNum, double* clarity);
 
 /// Multiplies each frame's values by its clarity.
 void weightByClarity(const PitchMatrix& matrix, const double* clarity);
+
+} // namespace wavepitch::pitchTracking

@@ -39,9 +39,11 @@ bool cAudioPitchPostProcess::bModifyPV(const std::vector<double>& pv, int*& out,
     std::vector<double> limited = pv;
     const auto n = static_cast<int>(limited.size());
     limitPitch(limited.data(), n, 34.0F, 80.0F);
-    out = trimmedTenths(limited.data(), n, outLen);
+    out = wavepitch::pitchTracking::trimmedTenths(limited.data(), n, outLen);
     return true;
 }
+
+namespace wavepitch::pitchTracking {
 
 int* trimmedTenths(const double* pitch, int n, int& outLen) {
     int first = 0;
@@ -54,3 +56,5 @@ int* trimmedTenths(const double* pitch, int n, int& outLen) {
     for (int i = 0; i < outLen; ++i) tenths[i] = 10 * truncateToInt(pitch[first + i]);
     return tenths;
 }
+
+} // namespace wavepitch::pitchTracking

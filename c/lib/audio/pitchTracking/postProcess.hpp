@@ -37,5 +37,9 @@ public:
     static bool bModifyPV(const std::vector<double>& pv, int*& out, int& outLen);
 };
 
+namespace wavepitch::pitchTracking {
+
 /// The integer form of a pitch vector that has been limited: see bModifyPV, which limits it first.
 int* trimmedTenths(const double* pitch, int n, int& outLen);
+
+} // namespace wavepitch::pitchTracking

@@ -5,6 +5,7 @@
 #include "audio/pitchTracking/recording.hpp"
 
 #include "audio/endPoint/endPoint.hpp"
+#include "audio/failure.hpp"
 #include "audio/framing/wholeFrames.hpp"
 #include "audio/pitchTracking/medianFilter.hpp"
 #include "audio/pitchTracking/param.hpp"
@@ -12,9 +13,11 @@
 #include "audio/pitchTracking/soundMask.hpp"
 #include "audio/pitchTracking/tracker.hpp"
 #include "audio/waveform/waveform.hpp"
+#include "utility/fatal.hpp"
 #include "utility/rounding.hpp"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <utility>
@@ -23,7 +26,18 @@
 
 namespace {
 
+using wavepitch::pitchTracking::applyMask;
+using wavepitch::pitchTracking::soundMask;
+using wavepitch::pitchTracking::trimmedTenths;
+
 constexpr int targetRate = 8000;
+
+/// Fatal path A for a recording whose samples int cannot count.
+void checkLength(const char* operation, const std::vector<short>& recording) {
+    if (recording.size() > INT_MAX)
+        myExitFormatted("%s: wave has %zu samples, more than %d (line %d of file %s)", operation,
+                        recording.size(), INT_MAX, __LINE__, audioSourcePath);
+}
 
 /// Integer samples and what they are.
 struct Samples {
@@ -46,8 +60,13 @@ void resample(Samples& samples) {
     mexPrintf("fs=%d ===> Resample to have fs=%d\n", samples.fs, targetRate);
     std::vector<int> resampled;
     if (samples.length() > 0 && samples.fs > 0) {
-        const double span = (samples.length() - 1.0) * targetRate / samples.fs;
-        resampled.resize(static_cast<std::size_t>(truncateToInt(std::floor(span) + 1.0)));
+        const double length = std::floor((samples.length() - 1.0) * targetRate / samples.fs) + 1.0;
+        if (length > INT_MAX)
+            myExitFormatted("bGetPitch: wave has %d samples at fs=%d, which are %.0f at %d: more than %d "
+                            "(line %d of file %s)",
+                            samples.length(), samples.fs, length, targetRate, INT_MAX, __LINE__,
+                            audioSourcePath);
+        resampled.resize(static_cast<std::size_t>(length));
         cAudioWaveform::waveResample(samples.wave.data(), samples.length(), samples.fs, targetRate,
                                      resampled.data(), static_cast<int>(resampled.size()));
     }
@@ -86,6 +105,7 @@ std::vector<bool> soundOf(const Samples& samples, const PTPARAM& ptParam, int fr
 } // namespace
 
 bool cAudioRecording::bGetPitch(const std::vector<short>& wave, int*& out, int& outLen, int fs, int nbits) {
+    checkLength("bGetPitch", wave);
     const Samples samples = preparedForTracking(wave, fs, nbits);
     PTPARAM ptParam;
     cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
@@ -113,6 +133,7 @@ bool cAudioRecording::bGetPitch(const std::vector<short>& wave, int*& out, int& 
 }
 
 bool cAudioRecording::isWaveSilence(const std::vector<short>& wave, int fs, int nbits, int volTh) {
+    checkLength("isWaveSilence", wave);
     Samples samples(wave, fs, nbits);
     if (samples.fs == targetRate && samples.nbits == 16) samples.reduceTo8Bits();
     PTPARAM ptParam;

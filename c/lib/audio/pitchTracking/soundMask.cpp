@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 
+namespace wavepitch::pitchTracking {
+
 int pitchFrameOf(int detectorFrame, const EPDPARAM& epdParam, const PTPARAM& ptParam) {
     const std::int64_t detectorStep = std::int64_t{epdParam.frameSize} - epdParam.overlap;
     const std::int64_t step = std::int64_t{ptParam.frameSize} - ptParam.overlap;
@@ -28,3 +30,5 @@ void applyMask(const std::vector<bool>& mask, double* pitch) {
     for (std::size_t i = 0; i < mask.size(); ++i)
         if (!mask[i]) pitch[i] = 0.0;
 }
+
+} // namespace wavepitch::pitchTracking

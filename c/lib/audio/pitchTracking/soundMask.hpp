@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace wavepitch::pitchTracking {
+
 /// The pitch frame whose middle lies nearest to the middle of a detector's frame, the quotient taken in
 /// single precision and rounded; before the first pitch frame it is negative.
 int pitchFrameOf(int detectorFrame, const EPDPARAM& epdParam, const PTPARAM& ptParam);
@@ -19,3 +21,5 @@ std::vector<bool> soundMask(const SEGMENT* segments, int segNum, const EPDPARAM&
 
 /// Sets the pitch of the frames whose flag is off to 0.
 void applyMask(const std::vector<bool>& mask, double* pitch);
+
+} // namespace wavepitch::pitchTracking

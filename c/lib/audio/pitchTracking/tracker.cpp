@@ -13,26 +13,118 @@
 
 #include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
-#include "audio/framing/wholeFrames.hpp"
-#include "audio/pitchTracking/candidateTable.hpp"
+#include "audio/pitchTracking/candidatePicker.hpp"
+#include "audio/pitchTracking/clarity.hpp"
 #include "audio/pitchTracking/lagRange.hpp"
+#include "audio/pitchTracking/loudest.hpp"
 #include "audio/pitchTracking/medianFilter.hpp"
+#include "audio/pitchTracking/openPath.hpp"
+#include "audio/pitchTracking/pathEnd.hpp"
+#include "audio/pitchTracking/pitchMatrix.hpp"
 #include "audio/pitchTracking/postProcess.hpp"
 #include "audio/pitchTracking/soundMask.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "mex.h"
 
+namespace wavepitch::pitchTracking {
+
 namespace {
 
-/// The caller's array, or one of the tracker's own where the caller has none and the tracker needs one.
-double* arrayOr(double* callers, std::vector<double>& own, std::ptrdiff_t size) {
-    if (callers) return callers;
-    own.resize(static_cast<std::size_t>(size));
-    return own.data();
-}
+/// Where the results go; those that nobody wants are null.
+struct Results {
+    double* pitch;
+    double* clarity; // never null
+    double* pfMat;
+    int* bestIndex;
+    bool clarityWanted;
+};
+
+/// The stages up to the path.
+class Melody {
+public:
+    Melody(const FramedWave& itsRecording, const PTPARAM& itsParam, const Results& itsResults)
+        : recording(itsRecording), ptParam(itsParam), results(itsResults), pfLen(std::max(itsParam.pfLen, 0)),
+          candidates(itsParam), path(itsParam, [this](int frame, int lag, std::optional<double> ratio) {
+              choose(frame, lag, ratio);
+          }) {}
+
+    /// Sets pitch, bestIndex and clarity of all frames, and the matrix.
+    void find(int framesAtATime) {
+        const int frameNum = recording.frameNum;
+        const bool isWhole = results.pfMat || framesAtATime >= frameNum;
+        PitchMatrix block = matrix(results.pfMat, isWhole ? frameNum : framesAtATime);
+        if (isWhole) recording.pitchFunctions(0, block);
+        largest = isWhole ? largestMagnitude(block) : largestMagnitude(recording, pfLen);
+        for (int first = 0; first < frameNum; first += framesAtATime) {
+            PitchMatrix part = block;
+            part.frameNum = std::min(framesAtATime, frameNum - first);
+            if (isWhole)
+                part.values = block.frame(first);
+            else
+                recording.pitchFunctions(first, part);
+            search(part, first);
+            if (framesAtATime > frameNum - first) break; // the sum would overflow
+        }
+        path.end();
+    }
+
+private:
+    PitchMatrix matrix(double* callers, int frameNum) {
+        PitchMatrix result{callers, frameNum, pfLen};
+        if (callers) return result;
+        own.resize(static_cast<std::size_t>(result.size()));
+        result.values = own.data();
+        return result;
+    }
+
+    void search(const PitchMatrix& part, int first) {
+        double* clarity = results.clarity + first;
+        const bool sounds = largest > 0.0;
+        if (sounds) normalise(part, largest);
+        if (results.clarityWanted) findClarity(part, ptParam, first, recording.frameNum, clarity);
+        if (ptParam.useClarityWeight != 0) weightByClarity(part, clarity);
+        if (ptParam.useClarityThreshold != 0) std::fill_n(clarity, part.frameNum, 0.0);
+        if (!sounds || recording.frameNum == 1) return; // a single frame has no path
+        for (int i = 0; i < part.frameNum; ++i) path.add(candidates.of(part.frame(i), pfLen));
+        path.handOn();
+    }
+
+    void choose(int frame, int lag, std::optional<double> ratio) {
+        results.pitch[frame] = pitchOfLag<double>(ptParam.fs, lag);
+        if (results.bestIndex) results.bestIndex[frame] = lag;
+        if (ptParam.useClarityThreshold == 0) return;
+        const double known = ratio ? *ratio : ratioAt(frame, lag);
+        results.clarity[frame] = known < 0.0 || known > 1.0 ? 0.0 : known;
+    }
+
+    /// The frame's pitch function at a lag by that at lag 0, computed once more.
+    double ratioAt(int frame, int lag) {
+        single.resize(static_cast<std::size_t>(pfLen));
+        const PitchMatrix column{single.data(), 1, pfLen};
+        recording.pitchFunctions(frame, column);
+        normalise(column, largest);
+        double clarity = 1.0;
+        if (ptParam.useClarityWeight != 0) {
+            pf2pitchClarity(single.data(), pfLen, ptParam, &clarity);
+            weightByClarity(column, &clarity);
+        }
+        return single[0] == 0.0 ? 0.0 : single[static_cast<std::size_t>(lag)] / single[0];
+    }
+
+    const FramedWave& recording;
+    const PTPARAM& ptParam;
+    const Results& results;
+    int pfLen;
+    CandidatePicker candidates;
+    OpenPath path;
+    std::vector<double> own; // the matrix, where the caller has none
+    std::vector<double> single;
+    double largest = 0.0;
+};
 
 void setSearchedLags(PTPARAM& ptParam) {
     const LagRange range = lagRange(ptParam);
@@ -51,20 +143,10 @@ void volumeGate(const int* wave, int waveLen, const PTPARAM& ptParam, int frameN
     applyMask(soundMask(segments.get(), segNum, epdParam, ptParam, frameNum), pitch);
 }
 
-/// The pitch function at the chosen lag by that at lag 0, from 0 to 1.
-double clarityOfChoice(const double* pf, int bestIndex) {
-    if (bestIndex == -1 || pf[0] == 0.0) return 0.0;
-    const double ratio = pf[bestIndex] / pf[0];
-    return ratio < 0.0 || ratio > 1.0 ? 0.0 : ratio;
-}
-
-void clarityGate(const PitchMatrix& matrix, const CandidateTable& candidates, const PTPARAM& ptParam,
-                 double* clarity, double* pitch) {
-    for (int i = 0; i < matrix.frameNum; ++i)
-        clarity[i] = clarityOfChoice(matrix.frame(i), candidates.bestIndex(i));
-    const double threshold =
-        static_cast<double>(ptParam.clarityRatio) * *std::max_element(clarity, clarity + matrix.frameNum);
-    for (int i = 0; i < matrix.frameNum; ++i)
+void clarityGate(const PTPARAM& ptParam, const double* clarity, int frameNum, double* pitch) {
+    const double largest = *std::max_element(clarity, clarity + frameNum);
+    const double threshold = static_cast<double>(ptParam.clarityRatio) * largest;
+    for (int i = 0; i < frameNum; ++i)
         if (clarity[i] < threshold) pitch[i] = 0.0;
 }
 
@@ -77,35 +159,40 @@ int cutZeros(double* pitch, int n) {
     return last + 1 - first;
 }
 
+/// So many that a block's matrix and candidates stay in the processor's cache; full vectors of frames.
+int framesInCache(int pfLen) {
+    constexpr int values = 1 << 15;
+    constexpr int lanes = 16;
+    const int frames = values / std::max(pfLen, 1);
+    return frames < lanes ? std::max(frames, 1) : frames - frames % lanes;
+}
+
 } // namespace
+
+int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
+          int* bestIndexOut, int framesAtATime) {
+    setSearchedLags(ptParam);
+    const FramedWave recording(wave, waveLen, ptParam);
+    const int frameNum = recording.frameNum;
+    if (frameNum == 0) return 0;
+    std::fill_n(pitch, frameNum, 0.0);
+    if (bestIndexOut) std::fill_n(bestIndexOut, frameNum, -1);
+    const bool clarityWanted = clarity != nullptr || ptParam.useClarityWeight != 0;
+    std::vector<double> ownClarity(clarity ? 0 : static_cast<std::size_t>(frameNum));
+    if (!clarity) clarity = ownClarity.data();
+    Melody(recording, ptParam, {pitch, clarity, pfMat, bestIndexOut, clarityWanted}).find(framesAtATime);
+
+    if (ptParam.useVolThreshold != 0) volumeGate(wave, waveLen, ptParam, frameNum, pitch);
+    if (ptParam.useClarityThreshold != 0) clarityGate(ptParam, clarity, frameNum, pitch);
+    if (ptParam.medianFilterOrder >= 3) medianFilter(pitch, frameNum, ptParam.medianFilterOrder);
+    return ptParam.cutLeadingTrailingZero != 0 ? cutZeros(pitch, frameNum) : frameNum;
+}
+
+} // namespace wavepitch::pitchTracking
 
 template <>
 int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch,
                                   double* clarity, double* pfMat, int* bestIndexOut) {
-    setSearchedLags(ptParam);
-    const int frameNum = wavepitch::framing::wholeFrameNum(waveLen, ptParam.frameSize, ptParam.overlap);
-    if (frameNum == 0) return 0;
-    std::fill_n(pitch, frameNum, 0.0);
-
-    std::vector<double> ownMatrix;
-    std::vector<double> ownClarity;
-    PitchMatrix matrix{nullptr, frameNum, std::max(ptParam.pfLen, 0)};
-    matrix.values = arrayOr(pfMat, ownMatrix, matrix.size());
-    wave2pfMat(wave, waveLen, ptParam.frameSize, ptParam.overlap, ptParam.pfLen, ptParam.pfType,
-               pfMethodOf(ptParam.pfType), matrix.values);
-    const bool sounds = normalise(matrix);
-
-    const bool clarityAsked = clarity != nullptr || ptParam.useClarityWeight != 0;
-    clarity = arrayOr(clarity, ownClarity, frameNum);
-    if (clarityAsked) findClarity(matrix, ptParam, clarity);
-    if (ptParam.useClarityWeight != 0) weightByClarity(matrix, clarity);
-
-    CandidateTable candidates(matrix, ptParam, sounds);
-    candidates.findPath(ptParam, pitch);
-    for (int i = 0; bestIndexOut && i < frameNum; ++i) bestIndexOut[i] = candidates.bestIndex(i);
-
-    if (ptParam.useVolThreshold != 0) volumeGate(wave, waveLen, ptParam, frameNum, pitch);
-    if (ptParam.useClarityThreshold != 0) clarityGate(matrix, candidates, ptParam, clarity, pitch);
-    if (ptParam.medianFilterOrder >= 3) medianFilter(pitch, frameNum, ptParam.medianFilterOrder);
-    return ptParam.cutLeadingTrailingZero != 0 ? cutZeros(pitch, frameNum) : frameNum;
+    using namespace wavepitch::pitchTracking;
+    return track(wave, waveLen, ptParam, pitch, clarity, pfMat, bestIndexOut, framesInCache(ptParam.pfLen));
 }

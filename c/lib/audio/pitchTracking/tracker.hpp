@@ -25,6 +25,12 @@
 /// clarity 0, no lag. A clarity above 1, and volume end points that find no sound, are reported on the host
 /// console. A type that is neither PF_AMDF nor PF_ACF is fatal path A in wave2pfMat.
 ///
+/// Memory beyond the caller's arrays: 8 bytes for each frame, what the volume end points take, a block of
+/// frames (1 MB), and the frames whose lag is not settled yet (openPath.hpp): together 7 MB for an hour at 16
+/// kHz, of speech as of silence or noise. At worst, where the paths through all candidates neither meet nor
+/// go straight on, these frames are all there are, with 16 bytes for each candidate: 0.5 MB for a second at
+/// 16 kHz with every lag a candidate.
+///
 /// The instance: <double, int>.
 template <typename Pitch, typename Sample>
 int ptByDpOverPfOnce(const Sample* wave, int waveLen, PTPARAM& ptParam, Pitch* pitch, double* clarity,
@@ -33,3 +39,11 @@ int ptByDpOverPfOnce(const Sample* wave, int waveLen, PTPARAM& ptParam, Pitch* p
 template <>
 int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch,
                                   double* clarity, double* pfMat, int* bestIndexOut);
+
+namespace wavepitch::pitchTracking {
+
+/// The same with as many frames at a time as given, 1 or more; the results do not depend on it.
+int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
+          int* bestIndexOut, int framesAtATime);
+
+} // namespace wavepitch::pitchTracking

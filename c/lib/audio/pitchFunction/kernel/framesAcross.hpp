@@ -2,9 +2,11 @@
 // each lane goes through its frame as a plain loop would, and the sums are transposed out.
 #pragma once
 
-#include "audio/pitchFunction/kernel/sums.hpp"
+#include "audio/pitchFunction/kernel/transpose.hpp"
 
 namespace {
+
+constexpr size_t tileLags = 8; // sums that one pass keeps in registers
 
 /// Row l of samples becomes lane l of the tile.
 template <typename Sample>
@@ -13,75 +15,68 @@ void interleave(const Sample* const* row, size_t n, Doubles* tile) {
     for (; j + lanes <= n; j += lanes) {
         Doubles v[lanes];
         unrolled<lanes>([&](auto l) WAVEPITCH_INLINE { v[l] = loadDoubles(row[l] + j); });
-        transpose<double>(v);
+        transpose(v);
         unrolled<lanes>([&](auto l) WAVEPITCH_INLINE { tile[j + l] = v[l]; });
     }
     for (; j < n; ++j)
         for (size_t l = 0; l < lanes; ++l) tile[j][l] = static_cast<double>(row[l][j]);
 }
 
-inline Doubles meanOf(const Doubles* x, size_t n) {
-    Doubles sum = {};
-    for (size_t j = 0; j < n; ++j) sum += x[j];
-    return sum / static_cast<double>(n);
-}
-
-/// cAudio::frameFlip in each lane.
-inline void flipLanes(Doubles* x, size_t n) {
-    const Bits withoutSign = Bits{} + Amdf::withoutSign;
-    const Doubles mean = meanOf(x, n);
-    const size_t half = n / 2;
-    Doubles first = {};
-    Doubles second = {};
-    for (size_t j = 0; j < half; ++j) {
-        first += maskedBy(withoutSign, x[j] - mean);
-        second += maskedBy(withoutSign, x[half + j] - mean);
-    }
-    if (n % 2) second += maskedBy(withoutSign, x[n - 1] - mean);
-    const Bits livelier = second > first;
-    for (size_t j = 0; j < half; ++j) {
-        const Doubles front = x[j];
-        const Doubles back = x[n - 1 - j];
-        x[j] = livelier ? back : front;
-        x[n - 1 - j] = livelier ? front : back;
-    }
-}
-
-inline void subtractMeans(Doubles* x, size_t n) {
-    const Doubles mean = meanOf(x, n);
-    for (size_t j = 0; j < n; ++j) x[j] -= mean;
-}
-
-/// Writes the first kept of lags sums of each of the first rows lanes to pf + lane * stride.
-template <size_t lags>
-void store(Doubles* sum, size_t rows, size_t kept, double* pf, size_t stride) {
-    for (size_t group = 0; group < lags; group += lanes) {
-        transpose<double>(sum + group);
-        for (size_t row = 0; row < rows; ++row) {
-            double* to = pf + row * stride + group;
+/// Writes the first kept of tileLags sums of each of the first frames lanes to pf + lane * stride.
+inline void store(Doubles* sum, size_t frames, size_t kept, double* pf, size_t stride) {
+    for (size_t group = 0; group < tileLags; group += lanes) {
+        transpose(sum + group);
+        for (size_t f = 0; f < frames; ++f) {
+            double* to = pf + f * stride + group;
             if (group + lanes <= kept)
-                *reinterpret_cast<LooseDoubles*>(to) = sum[group + row];
+                __builtin_memcpy(to, &sum[group + f], sizeof(Doubles));
             else
-                for (size_t k = group; k < kept; ++k) to[k - group] = sum[group + row][k - group];
+                for (size_t k = 0; group + k < kept; ++k) to[k] = sum[group + f][k];
         }
     }
+}
+
+/// add(k, tile[j], window[j + k]) for all k below tileLags and j from 0 up to terms in steps, as far as whole
+/// rounds of unroll steps go. Returns the j where it ended. A loaded window[m] serves all the steps that it
+/// is part of: step q needs it for k = m - q, and with m rising each sum still takes its terms in the order
+/// of j.
+template <size_t step, size_t unroll, typename Vector, typename Add>
+WAVEPITCH_INLINE inline size_t addToAll(const Vector* tile, const Vector* window, size_t terms,
+                                        const Add& add) {
+    constexpr size_t advance = unroll * step;
+    size_t j = 0;
+    for (; j + advance <= terms; j += advance) {
+        const Vector* w = window + j;
+        asm("" : "+r"(w)); // or the compiler carries vectors from round to round, and the sums to memory
+        Vector x[unroll];
+        unrolled<unroll>([&](auto q) WAVEPITCH_INLINE { x[q] = tile[j + q * step]; });
+        unrolled<tileLags + advance - step>([&](auto m) WAVEPITCH_INLINE {
+            const Vector b = w[m];
+            unrolled<unroll>([&](auto q) WAVEPITCH_INLINE {
+                constexpr size_t k = m.value - q.value * step; // wraps below 0
+                if constexpr (k < tileLags) add(Constant<k>{}, x[q], b);
+            });
+        });
+    }
+    return j;
 }
 
 /// The pitch functions of the first frames lanes of a tile.
 template <typename Kind>
 void sumFrames(const Task& task, const Doubles* tile, size_t frames, double* pf) {
     const Kind kind;
-    forLagBlocks<Kind::lags>(task, [&](size_t lag, size_t kept) {
-        Doubles sum[Kind::lags] = {};
-        const auto first = [&](size_t j) WAVEPITCH_INLINE { return tile[j]; };
-        const size_t done = addToAll(kind, first, tile + lag, termsAt(task, lag + Kind::lags - 1), sum);
-        for (size_t k = 0; k < Kind::lags; ++k) {
+    for (size_t lag = 0; lag < task.lags; lag += tileLags) {
+        Doubles sum[tileLags] = {};
+        const size_t done = addToAll<1, Kind::unroll>(tile, tile + lag, termsAt(task, lag + tileLags - 1),
+                                                      [&](auto k, Doubles a, Doubles b)
+                                                          WAVEPITCH_INLINE { sum[k] += kind.term(a, b); });
+        for (size_t k = 0; k < tileLags; ++k) {
             const size_t terms = termsAt(task, lag + k);
-            for (size_t j = done; j < terms; ++j) kind.add(sum[k], tile[j], tile[j + lag + k]);
-            if (task.average) sum[k] /= static_cast<double>(task.frameSize) - static_cast<double>(lag + k);
+            for (size_t j = done; j < terms; ++j) sum[k] += kind.term(tile[j], tile[j + lag + k]);
+            if (task.average) sum[k] /= divisorAt(task, lag + k);
         }
-        store<Kind::lags>(sum, frames, kept, pf + lag, task.stride);
-    });
+        store(sum, frames, task.lags - lag, pf + lag, task.stride);
+    }
 }
 
 } // namespace

@@ -60,7 +60,7 @@ inline Range prepareRow(const Task& task, const int* frame, int* row) {
     }
     row[n] = 0;
     if (task.flip) flipInts(row, n);
-    if (!task.removeMean) return {low, high};
+    if (!task.removeMean || n == 0) return {low, high};
     const int mean = removeMean(row, n);
     return {difference(low, mean), difference(high, mean)};
 }

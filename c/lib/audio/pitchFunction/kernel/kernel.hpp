@@ -29,7 +29,7 @@ Task taskOf(int frameSize, int pfLen, bool acf, int method);
 /// pitch functions go to pf + i * stride. The task has 1 lag or more. work is a block of workSize bytes,
 /// aligned to 64.
 struct Version {
-    std::size_t (*workSize)(const Task& task);
+    std::size_t (*workSize)(const Task& task, bool ofInts, std::size_t frameNum);
     void (*ofDoubles)(const Task& task, const double* wave, const int* start, std::size_t frameNum,
                       void* work, double* pf);
     void (*ofInts)(const Task& task, const int* wave, const int* start, std::size_t frameNum, void* work,

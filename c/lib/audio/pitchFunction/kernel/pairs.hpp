@@ -1,11 +1,105 @@
-// Frames of small ints side by side, two samples to a lane: lane f of vector j is the pair of samples j and
-// j + 1 of frame f, 16 bits each. Sums are exact in any order, so that the terms go in pairs; the tile has a
-// vector for every j, hence a window for odd lags as well.
+// Pairs of 16-bit samples, one to each 32-bit lane, for frames of small ints. Sums of integers are exact in
+// any order, so that terms can be summed two by two.
+//
+// Products whose sums could leave 32 bits are summed twice, all of their bits and those above the 16th: both
+// together are the sum in 48 bits. For the AMDF, |a - b| = 2 * max(a, b) - a - b: maxima are summed, and the
+// sums of the samples themselves follow from one lag's to the next one's.
 #pragma once
 
-#include "audio/pitchFunction/kernel/sums.hpp"
+#include "audio/pitchFunction/kernel/terms.hpp"
+
+#include <bit>
 
 namespace {
+
+constexpr bool hasPairs = std::endian::native == std::endian::little; // the first of a pair is the lower half
+constexpr size_t longestOfPairs = 65535; // samples: no sum of maxima leaves 32 bits, none of products 48
+
+constexpr size_t wordLanes = ownBytes / sizeof(std::int32_t);
+
+using Words = Lanes<std::int32_t, ownBytes>;
+using UnsignedWords = Lanes<std::uint32_t, ownBytes>;
+using Shorts = Lanes<std::int16_t, ownBytes>;
+
+#if defined(__AVX512BW__) && WAVEPITCH_VECTOR_BYTES == 64
+using Part = __m512i;
+inline Part multiplyAddPart(Part a, Part b) {
+    return _mm512_madd_epi16(a, b);
+}
+#elif defined(__AVX2__) && WAVEPITCH_VECTOR_BYTES >= 32
+using Part = __m256i;
+inline Part multiplyAddPart(Part a, Part b) {
+    return _mm256_madd_epi16(a, b);
+}
+#elif defined(__SSE2__)
+using Part = __m128i;
+inline Part multiplyAddPart(Part a, Part b) {
+    return _mm_madd_epi16(a, b);
+}
+#else
+using Part = Words;
+inline Part multiplyAddPart(Part a, Part b) {
+    return ((a << 16) >> 16) * ((b << 16) >> 16) + (a >> 16) * (b >> 16);
+}
+#endif
+
+/// a.first * b.first + a.second * b.second of each pair.
+WAVEPITCH_INLINE inline Words multiplyAdd(Words a, Words b) {
+    constexpr size_t parts = ownBytes / sizeof(Part);
+    Part x[parts];
+    Part y[parts];
+    __builtin_memcpy(x, &a, ownBytes);
+    __builtin_memcpy(y, &b, ownBytes);
+    for (size_t i = 0; i < parts; ++i) x[i] = multiplyAddPart(x[i], y[i]);
+    __builtin_memcpy(&a, x, ownBytes);
+    return a;
+}
+
+/// Sums that stay within 32 bits.
+struct NarrowSum {
+    WAVEPITCH_INLINE void add(Words x) { sum += x; }
+    UnsignedWords lowBits() const { return reinterpret_cast<UnsignedWords>(sum); }
+
+    Words sum;
+};
+
+/// Sums of up to 65535 numbers.
+struct WideSum {
+    WAVEPITCH_INLINE void add(Words x) {
+        low += reinterpret_cast<UnsignedWords>(x);
+        high += x >> 16;
+    }
+    UnsignedWords lowBits() const { return low; }
+
+    UnsignedWords low; // modulo 2^32
+    Words high;
+};
+
+/// Products. The mask of a term is that of the samples of first that count.
+template <typename Sum_>
+struct AcfOfPairs {
+    using Sum = Sum_;
+    static constexpr std::int16_t behind = 0; // what stands behind a frame, to add nothing
+
+    WAVEPITCH_INLINE static Words terms(Words first, Words second, std::int32_t mask) {
+        return multiplyAdd(first & mask, second);
+    }
+};
+
+/// Maxima.
+struct AmdfOfPairs {
+    using Sum = NarrowSum;
+    static constexpr std::int16_t behind = INT16_MIN; // to add first
+
+    WAVEPITCH_INLINE static Words terms(Words first, Words second, std::int32_t mask) {
+        const auto a = reinterpret_cast<Shorts>(first);
+        const auto b = reinterpret_cast<Shorts>(second);
+        return multiplyAdd(reinterpret_cast<Words>(a > b ? a : b), Words{} + (0x00010001 & mask));
+    }
+};
+
+constexpr std::int32_t both = -1;
+constexpr std::int32_t firstOnly = 0xffff;
 
 /// The smallest and the largest sample.
 struct Range {
@@ -18,66 +112,22 @@ struct Range {
     }
 };
 
-/// Whether the samples fit 16 bits and no sum of their terms leaves 32.
+/// Whether frames of such samples can be taken as pairs.
 inline bool fitsPairs(const Task& task, Range range) {
-    const std::int64_t low = range.low;
-    const std::int64_t high = range.high;
-    const auto n = static_cast<std::int64_t>(task.frameSize);
-    const std::int64_t most = task.acf ? (-low > high ? -low : high) : high - low;
-    return low >= INT16_MIN && high <= INT16_MAX && most <= INT16_MAX &&
-           (task.acf ? most * most : most) * n <= INT32_MAX;
+    const int lowest = task.acf ? -INT16_MAX : INT16_MIN; // two squares of the lowest leave 32 bits
+    return hasPairs && task.frameSize <= longestOfPairs && range.low >= lowest && range.high <= INT16_MAX;
 }
 
-/// Rows of n samples and a zero, stride apart, become the tile of pairs; row f becomes lane f.
-inline void interleavePairs(const int* const* row, size_t n, Words* tile) {
-    size_t j = 0;
-    for (; j + wordLanes <= n; j += wordLanes) {
-        Words v[wordLanes];
-        unrolled<wordLanes>([&](auto f) WAVEPITCH_INLINE {
-            const Words first = *reinterpret_cast<const LooseWords*>(row[f] + j);
-            const Words second = *reinterpret_cast<const LooseWords*>(row[f] + j + 1);
-            v[f] = (first & 0xffff) | (second << 16);
-        });
-        transpose<std::int32_t>(v);
-        unrolled<wordLanes>([&](auto f) WAVEPITCH_INLINE { tile[j + f] = v[f]; });
-    }
-    for (; j < n; ++j)
-        for (size_t f = 0; f < wordLanes; ++f)
-            tile[j][f] = static_cast<int>((static_cast<unsigned>(row[f][j]) & 0xffff) |
-                                          (static_cast<unsigned>(row[f][j + 1]) << 16));
-}
-
-/// Writes lags sums of each of the first frames lanes to pf + lane * stride.
-template <size_t lags>
-void storePairs(const Task& task, Words* sum, size_t frames, size_t lag, double* pf) {
-    double divisor[lags];
-    for (size_t k = 0; k < lags; ++k)
-        divisor[k] = task.average ? static_cast<double>(task.frameSize - lag - k) : 1.0;
-    for (size_t group = 0; group < lags; group += wordLanes) {
-        transpose<std::int32_t>(sum + group);
-        for (size_t f = 0; f < frames; ++f) {
-            double* to = pf + f * task.stride + lag + group;
-            for (size_t k = 0; k < wordLanes; ++k) to[k] = sum[group + f][k] / divisor[group + k];
-        }
-    }
-}
-
-/// The pitch functions of the first frames lanes of a tile of pairs; Kind::lags lags or more.
-template <typename Kind>
-void sumPairs(const Task& task, const Words* tile, size_t frames, double* pf) {
-    const Kind kind;
-    forLagBlocks<Kind::lags>(task, [&](size_t lag, size_t) {
-        Words sum[Kind::lags] = {};
-        const auto first = [&](size_t j) WAVEPITCH_INLINE { return tile[j]; };
-        const size_t done = addToAll(kind, first, tile + lag, termsAt(task, lag + Kind::lags - 1), sum);
-        for (size_t k = 0; k < Kind::lags; ++k) {
-            const size_t terms = termsAt(task, lag + k);
-            size_t j = done;
-            for (; j + 2 <= terms; j += 2) kind.add(sum[k], tile[j], tile[j + lag + k]);
-            if (j < terms) kind.addFirst(sum[k], tile[j], tile[j + lag + k]);
-        }
-        storePairs<Kind::lags>(task, sum, frames, lag, pf);
-    });
+/// Calls sum(kind) with the kind of pairs that the task and the range ask for.
+template <typename Sum>
+void withPairs(const Task& task, Range range, const Sum& sum) {
+    const std::int64_t most = -range.low > range.high ? -range.low : range.high;
+    if (!task.acf)
+        sum(AmdfOfPairs{});
+    else if (most * most * static_cast<std::int64_t>(task.frameSize) <= INT32_MAX)
+        sum(AcfOfPairs<NarrowSum>{});
+    else
+        sum(AcfOfPairs<WideSum>{});
 }
 
 } // namespace

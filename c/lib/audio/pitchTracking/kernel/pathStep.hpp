@@ -8,39 +8,41 @@
 
 namespace wavepitch::pitchTracking {
 
-/// What a version computes: for each current candidate the best of prevLen predecessors, 1 or more, by
-///     value = the predecessor's total + signed penalty, in double, narrowed to float,
-/// where the signed penalty is signedWeight * distance in single precision. A predecessor replaces those
-/// before it only when its value is strictly better, so the first of equals wins.
-struct PathStep {
-    const double* prevTotal;
-    const double* prevPosition;
-    std::size_t prevLen;
-
-    /// Room, and valid values, for len rounded up to a multiple of pathStepBlock.
-    const double* position;
+/// The candidates of a frame, 1 or more. Both arrays have room for len rounded up to a multiple of
+/// pathStepBlock; behind len they repeat the last candidate.
+struct PathColumn {
+    const double* total;    ///< what the best path to each candidate scores
+    const double* position; ///< where it stands on the scale that distances are measured on: whole numbers
     std::size_t len;
-    float* best;    ///< receives the best values
-    int* prevIndex; ///< receives the predecessors' numbers
+};
 
-    /// Where both frames' positions are runs of consecutive integers: the signed penalties by distance, such
-    /// that signedPenalty[j - k] is that of candidate j and predecessor k. Null otherwise.
-    const double* signedPenalty;
-    /// Then, too: position[0] - prevPosition[0], and whether no value gets better with a greater distance.
-    std::ptrdiff_t shift;
-    bool nearIsBetter;
-    double* bestPrevTotal; ///< room for a value for each prevBlock predecessors
-
-    float signedWeight; ///< the weight of a distance, negated where a high value is better
+/// What a transition costs: signedWeight * distance, in single precision.
+struct Transition {
+    float signedWeight; ///< negated where a high value is better, so that the cost is always added
     bool squared;       ///< the distance is the squared difference of positions, else the absolute one
     bool lowIsBetter;
 };
 
-constexpr std::size_t pathStepBlock = 64;
-constexpr std::size_t prevBlock = 4;
+/// What a version computes: for each current candidate the best of the predecessors, by
+///     value = the predecessor's total + the transition's cost, in double, narrowed to float.
+/// A predecessor replaces those before it only when its value is strictly better, so the first of equals
+/// wins.
+struct PathStep {
+    PathColumn prev;
+    PathColumn current; ///< its totals are not looked at
+    Transition transition;
 
+    /// Where both frames' positions are consecutive integers: costs by distance, such that cost[j - k] is
+    /// that of candidate j and predecessor k. Null otherwise.
+    const double* cost;
+};
+
+constexpr std::size_t pathStepBlock = 64;
+
+/// @param best       receives the best values; room as for the current column.
+/// @param prevIndex  receives the predecessors' numbers; the same room.
 template <InstructionSet set>
-void bestPredecessors(const PathStep& step);
+void bestPredecessors(const PathStep& step, float* best, int* prevIndex);
 
 /// The version that the next call uses.
 inline auto pathStep() {
