@@ -3,9 +3,7 @@
 #include "arrays.hpp"
 #include "call.hpp"
 #include "output.hpp"
-#include "picture.hpp"
 
-#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
@@ -34,13 +32,6 @@ mxArray oneChannel(mxArray samples, int channel, bool mix) {
     return result;
 }
 
-Outputs outputsOf(const std::vector<mxArray>& inputs, int count) {
-    static const Module module{"wavepitch", mexFunction};
-    Outputs outputs = callModule(module, count, inputs);
-    for (auto& output : outputs) *output = withDoubles(*output);
-    return outputs;
-}
-
 /// The times of the frames of a function that is told them and does not tell their times.
 mxArray timesOfFrames(const Request& request, const mxArray& wave, double rate) {
     Parameters framing;
@@ -63,6 +54,13 @@ double rateOfSound(const Request& request, double rate) {
 
 } // namespace
 
+Outputs outputsOf(const std::vector<mxArray>& inputs, int count) {
+    static const Module module{"wavepitch", mexFunction};
+    Outputs outputs = callModule(module, count, inputs);
+    for (auto& output : outputs) *output = withDoubles(*output);
+    return outputs;
+}
+
 Analysis analyse(const Request& request, const std::string& recording) {
     const Function& function = *request.function;
     Analysis result;
@@ -79,25 +77,6 @@ Analysis analyse(const Request& request, const std::string& recording) {
         result.table.insert(result.table.begin(),
                             {"time", timesOfFrames(request, result.wave, result.rate).data, ""});
     return result;
-}
-
-void draw(const Request& request, const Analysis& analysis, const std::string& title,
-          const std::string& path) {
-    const Function& function = *request.function;
-    const Output& shown = function.outputs[static_cast<size_t>(request.output)];
-    const mxArray& output = *analysis.outputs[static_cast<size_t>(request.output)];
-    if (!holdsNumbers(output)) throw std::runtime_error("there are no numbers to draw");
-    Axes axes;
-    axes.rate = analysis.rate;
-    axes.label = shown.name;
-    axes.gaps = shown.form == Form::curve;
-    axes.lags = shown.form == Form::matrix;
-    const Column& first = analysis.table.front();
-    if (first.name == "time" && first.values.size() > 1) {
-        axes.firstTime = first.values[0];
-        axes.timeStep = first.values[1] - first.values[0];
-    }
-    drawPicture(path, title, analysis.wave.data.empty() ? nullptr : &analysis.wave, output, axes);
 }
 
 std::string textOf(const Request& request, const Analysis& analysis, const std::string& file) {

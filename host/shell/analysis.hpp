@@ -31,9 +31,9 @@ struct Analysis {
 /// read, what the function refuses and channels without a choice are std::runtime_errors with the reason.
 Analysis analyse(const Request& request, const std::string& recording);
 
-/// Draws what analyse found, as a PNG picture: see drawPicture.
-void draw(const Request& request, const Analysis& analysis, const std::string& title,
-          const std::string& path);
+/// Calls the module for the first outputs of a function; numbers come as doubles. What it refuses is a
+/// std::runtime_error.
+Outputs outputsOf(const std::vector<mxArray>& inputs, int count);
 
 /// The analysis in the form asked for, as the contents of a file. Not for sound.
 std::string textOf(const Request& request, const Analysis& analysis, const std::string& file);

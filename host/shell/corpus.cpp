@@ -1,5 +1,6 @@
 #include "corpus.hpp"
 
+#include "drawing.hpp"
 #include "file.hpp"
 #include "progress.hpp"
 
