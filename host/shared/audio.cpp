@@ -8,6 +8,7 @@
 #include <regex>
 #include <sndfile.hh>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -84,14 +85,16 @@ RawFormat rawFormat(const std::string& text) {
 Recording readRecording(const std::string& path, const RawFormat& raw) {
     refuseWhatIsNoFile(path);
     SndfileHandle file = opened(path, raw);
-    if (file.error()) refuse(std::string("not readable as audio: ") + file.strError());
-    const std::vector<double> samples = readToEnd(file);
+    if (file.error() || file.channels() < 1) refuse(std::string("not readable as audio: ") + file.strError());
+    std::vector<double> samples = readToEnd(file);
     const auto channels = static_cast<size_t>(file.channels());
     const size_t length = samples.size() / channels;
     if (file.error()) refuse(std::string("damaged audio: ") + file.strError());
     if (hasLostItsEnd(file) || (tellsItsLength(file) && length < static_cast<size_t>(file.frames())))
         refuse("truncated: ends before its header says, after " + std::to_string(length) + " samples");
-    return {fromRows(samples, length, channels), static_cast<double>(file.samplerate())};
+    const auto rate = static_cast<double>(file.samplerate());
+    if (channels == 1) return {{length, 1, std::move(samples)}, rate};
+    return {fromRows(samples, length, channels), rate};
 }
 
 void writeWav(const std::string& path, const mxArray& samples, int rate) {
