@@ -36,8 +36,7 @@ end
 %!test  # the transform of the frames
 %! wave = sin ((1:100) / 3);
 %! [magnitude, frequency, time] = absSpectrogram (wave, 8000, "frameSize", 32, "hamming", false);
-%! want = abs (fft (wave2frames (wave, 8000, "frameSize", 32)))(1:17,:);
-%! assert (magnitude, want, 1e-5);
+%! [frames, centres] = wave2frames (wave, 8000, "frameSize", 32);
+%! assert (magnitude, abs (fft (frames))(1:17,:), 1e-5);
 %! assert (frequency, (0:16)' * 250);
-%! assert (columns (time), columns (magnitude));
-%!error <absSpectrogram: PADDEDSIZE must be a power of 2> absSpectrogram (0, 8000, "paddedSize", 300)
+%! assert (time, centres);

@@ -26,6 +26,7 @@ function silent = isWaveSilence (varargin)
   silent = logical (wavepitchLibrary ("isWaveSilence", varargin{:}));
 end
 
-%!assert (isWaveSilence (zeros (1, 8000), 8000), true)
-%!assert (isWaveSilence (sin (1:8000), 8000), false)
-%!error <isWaveSilence: VOLTH must be a whole number of at least 0> isWaveSilence ([0 0], 8000, 16, -1)
+%!shared square
+%! square = @(step) repmat ([step, -step], 1, 4000);
+%!assert (isWaveSilence (square (255 / 32768), 16000), true)
+%!assert (isWaveSilence (square (int8 (1)), 8000), false)

@@ -26,4 +26,6 @@ end
 %!test
 %! [distance, position, shift] = lrShiftDist ([1 2 4], [9 5 6 8 8]);
 %! assert ([distance, position, shift], [0, 2, -4]);
-%!error <lrShiftDist: DISTANCETYPE must be a whole number from 1 to 2> lrShiftDist (1, 1, 0)
+%!test  # no distance that counts
+%! [distance, position, shift] = lrShiftDist ([0, 1e200], [0, 1]);
+%! assert ([distance, position, shift], [Inf, 0, NaN]);

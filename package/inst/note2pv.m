@@ -24,7 +24,5 @@ end
 
 %!test
 %! console = evalc ("pv = note2pv ([60; 64], [0.2; 0.1], 0.05);");
+%! assert (pv([1, end]), [60, 64]);
 %! assert (size (pv), [1, 6]);
-%! assert (unique (pv), [60, 64]);
-%! assert (numel (strfind (console, "noteCumulatedTime=")), 2);
-%!error <note2pv: TIMESTEP must be a positive number> note2pv (60, 1, 0)

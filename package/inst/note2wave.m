@@ -23,7 +23,5 @@ function varargout = note2wave (varargin)
 end
 
 %!test
-%! wave = note2wave ([69, 0], [0.5, 0.25], 8800);
-%! assert (size (wave), [1, 6600]);
-%! assert (wave(1:4400), 0.8 * sin (2 * pi * (0:4399) / 20), 1e-9);
-%!error <note2wave: DURATION must have as many elements as PITCH> note2wave ([60 61], 1, 8000)
+%! wave = note2wave ([69; 0], [0.5; 0.25], 8800);
+%! assert (wave, [0.8 * sin(2 * pi * (0:4399)' / 20); zeros(2200, 1)], 1e-9);

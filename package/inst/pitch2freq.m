@@ -19,4 +19,3 @@ function varargout = pitch2freq (varargin)
 end
 
 %!assert (pitch2freq ([69 81; 57 0]), [440 880; 220 0], 1e-3)
-%!error <pitch2freq: PITCH must be a real matrix> pitch2freq (NaN)

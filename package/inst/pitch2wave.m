@@ -26,8 +26,4 @@ end
 
 %!test
 %! wave = pitch2wave ([69; 0], 2, 8800);
-%! assert (size (wave), [8800, 1]);
-%! assert (wave(1:4400), 0.8 * sin (2 * pi * (0:4399)' / 20), 1e-9);
-%! assert (wave(4421:end), zeros (4380, 1));
-%!assert (size (pitch2wave (60, 1, 8000, 0.5)), [1, 4000])
-%!error <pitch2wave: PITCHRATE must be a positive number> pitch2wave (60, 0, 8000)
+%! assert (wave, [0.8 * sin(2 * pi * (0:4399)' / 20); zeros(4400, 1)], 1e-9);

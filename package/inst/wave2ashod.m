@@ -34,6 +34,19 @@ function varargout = wave2ashod (varargin)
   varargout = resultOrPicture ("wave2ashod", varargin, nargout, 2, draw);
 end
 
-%!assert (wave2ashod (int16 ([0 1 3 6]), 8000, "frameSize", 4, "order", 1), 6)
-%!assert (wave2ashod (int16 ([0 1 3 6]), 8000, "frameSize", 4, "order", 3), 0)
-%!error <wave2ashod: ORDER must be a whole number from 1 to 5> wave2ashod ([0 0], 8000, "order", 0)
+%!test  # samples of every class become integers of 8 or 16 bits
+%! conversions = {  % sample, silence, bits, integer
+%!   1, 0, 16, 32767
+%!   -0.5 / 32768, 0, 16, 1
+%!   0.49 / 32768, 0, 16, 0
+%!   single(-0.5), single(0), 8, 64
+%!   int8(-5), int8(0), 16, 1280
+%!   uint8(133), uint8(128), 8, 5
+%!   int16(-511), int16(0), 8, 1
+%!   int32(2^18), int32(0), 16, 4};
+%! for conversion = conversions'
+%!   [sample, silence, bits, integer] = conversion{:};
+%!   difference = wave2ashod ([sample, silence], 8000, "frameSize", 2, "order", 1, "nbits", bits);
+%!   assert (difference, integer);
+%! end
+%!assert (wave2ashod (int8 ([0, 5]), 8000, "frameSize", 2, "order", 1), 5)  # 8 bits without being told

@@ -29,5 +29,3 @@ function varargout = wave2pfMat (varargin)
 end
 
 %!assert (wave2pfMat ([1 2 3 4], 4, 0, 3, "amdf", 1), [0; 3; 4])
-%!assert (size (wave2pfMat (1:10, 4, 2, 3, "acf", 2)), [3, 4])
-%!error <wave2pfMat: PFMETHOD must be a whole number from 1 to 4> wave2pfMat (1:4, 4, 0, 3, 0, 5)

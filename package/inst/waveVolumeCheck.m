@@ -23,11 +23,8 @@ function varargout = waveVolumeCheck (varargin)
   [varargout{:}] = wavepitchLibrary ("waveVolumeCheck", varargin{:});
 end
 
-%!test
-%! [code, meaning] = waveVolumeCheck (zeros (1, 8000));
-%! assert (code, 1);
-%! assert (meaning, "too quiet");
-%!assert (waveVolumeCheck (sin (1:8000)), 3)
-%!assert (waveVolumeCheck (0.5 * sin (1:8000)), 2)
-%!assert (waveVolumeCheck ([zeros(1, 4000), 0.5 * sin(1:4000)]), 0)
-%!error <waveVolumeCheck: PARAMFILE must be the name of a file> waveVolumeCheck ([0 0], "/nowhere/x")
+%!test  # each verdict
+%! waves = {[zeros(1, 4000), 0.5 * sin(1:4000)], zeros(1, 8000), 0.5 * sin(1:8000), sin(1:8000)};
+%! [codes, meanings] = cellfun (@waveVolumeCheck, waves, "UniformOutput", false);
+%! assert (codes, {0, 1, 2, 3});
+%! assert (meanings, {"fit", "too quiet", "too noisy", "clipped"});

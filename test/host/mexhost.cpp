@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -95,18 +98,62 @@ TEST(Mexhost, DrawsWhateverComesOut) {
                                  probe + "0 3",
                                  probe + "0 '" + written("odd`name`\".txt", "1 nan\n-inf 3e300\n") +
                                      "' --rate 8000",
-                                 probe + "0 " + written("row.csv", "1,2,3"),
                                  probe + "0 " + written("nan.csv", "nan nan\nnan nan")};
-    const std::string path = "picture.png";
     for (const std::string& call : calls) {
-        std::remove(path.c_str());
-        const Result result = mexhost(call + " --png " + path);
-        EXPECT_EQ(std::to_string(result.status) + result.err, "0") << call;
-        const std::string png = contents(path);
-        EXPECT_EQ(png.substr(1, 3) + png.substr(16, 8), "PNG\0\0\x04\xb0\0\0\x03\x20"s)
+        std::remove("picture.png");
+        const Result result = mexhost(call + " --png picture.png");
+        EXPECT_EQ(result.status, 0) << call;
+        EXPECT_EQ(result.err, "") << call;
+        EXPECT_EQ(contents("picture.png").substr(16, 8), "\0\0\x04\xb0\0\0\x03\x20"s)
             << "1200 x 800: " << call;
     }
     EXPECT_EQ(mexhost(probe + "0 1 --png /nowhere/a.png").status, 1);
+}
+
+/// What gnuplot is told: a program of that name keeps its input.
+std::string scriptOf(const std::string& arguments) {
+    std::filesystem::create_directory("bin");
+    written("bin/gnuplot", "#!/bin/sh\ncat >script\n");
+    std::filesystem::permissions("bin/gnuplot", std::filesystem::perms::owner_all);
+    const std::string path = std::getenv("PATH");
+    setenv("PATH", ("bin:" + path).c_str(), 1);
+    const Result result = mexhost(arguments + " --png picture.png");
+    setenv("PATH", path.c_str(), 1);
+    EXPECT_EQ(result.status, 0) << result.err;
+    return contents("script");
+}
+
+std::string bytes(const std::vector<double>& numbers) {
+    return {reinterpret_cast<const char*>(numbers.data()), numbers.size() * sizeof(double)};
+}
+
+TEST(Mexhost, PutsEveryValueInItsPlace) {
+    const double gap = std::nan("");
+    const struct {
+        std::string arguments;
+        std::vector<std::string> script; // parts of it
+    } cases[] = {
+        {module + speech + "256 128 128 0 2 --frames 256 128 --lags",
+         {"title \"wave2pfMat (speech8k.wav, 256, 128, 128, 0, 2)\"", "set xrange [0:5.5175", "record=(4014)",
+          "set ylabel 'Lag (ms)'", "set xlabel 'Time (s)'",
+          "cbrange [0:", "array=(343,128) origin=(0.016,0) dx=0.016"}},
+        {probe + "0 " + written("matrix.csv", "1 -2 3\n4 5 nan\n"),
+         {"set cbrange [-5:5]", "set xrange [0.5:3.5]", "set yrange [0.5:2.5]", "set xlabel 'Column'",
+          "set ylabel 'Row'", "array=(3,2) origin=(1,1) dx=1 dy=1", bytes({1, -2, 3, 4, 5, gap})}},
+        {probe + "0 " + written("row.csv", "1,0,3") + " --gaps --label Pitch",
+         {"set yrange [0.9", "set xrange [0.5:3.5]", "set ylabel \"Pitch\"", bytes({1, 1, 2, gap, 3, 3})}},
+        {probe + "0 " + written("column.csv", "1\n2\n") + " --rate 8 --lags",
+         {"set xrange [0:0.25]", "set yrange [-2.1", "set xlabel 'Lag (ms)'",
+          bytes({0, 1, 0, 1, 0.125, 2, 0.125, 2}), bytes({0, 1, 125, 2})}},
+        {probe + "0 row.csv " + written("times.csv", "0.5,0.75,1") + " --out 2 --times 2",
+         {"set xlabel 'Time (s)'", "set xrange [0.375:1.125]", bytes({0.5, 1, 0.75, 0, 1, 3})}},
+        {probe + "6", {"set label '2 x 0: empty'"}},
+    };
+    for (const auto& expected : cases) {
+        const std::string script = scriptOf(expected.arguments);
+        for (const std::string& part : expected.script)
+            EXPECT_NE(script.find(part), std::string::npos) << expected.arguments << " without " << part;
+    }
 }
 
 } // namespace

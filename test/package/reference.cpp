@@ -1,80 +1,218 @@
-// reference WAVE DIR: what the library itself computes of a recording of examples/, each result a file of
-// doubles in DIR, without a module or a host.
+// reference WAVE DIR: what the library itself computes for calls in calls.json, without a module or a host.
+// WAVE is a recording of examples/; output N of the call NAME becomes the file DIR/NAME.N of doubles.
 
 #include "audio/audio.hpp"
 #include "utility/utility.hpp"
 
 #include "support/recording.hpp"
+#include "support/vectors.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
 
+constexpr int frameSize = 301;
+constexpr int overlap = 100;
+
 std::string directory;
+int fs = 0;
+int waveLen = 0;
+int frameNum = 0;
+Ints samples; // of 16 bits
+Doubles unit; // from -1 to 1
+
+void read(const std::string& file) {
+    const Recording recording = readRecording(file);
+    fs = recording.fs;
+    samples = recording.wave;
+    unit.assign(samples.begin(), samples.end());
+    for (double& sample : unit) sample /= 32768;
+    waveLen = lengthOf(samples);
+    frameNum = cAudio::getFrameNum2(waveLen, frameSize, overlap);
+}
 
 template <typename Values>
-void write(const std::string& name, const Values& values) {
-    const std::vector<double> numbers(values.begin(), values.end());
-    fileWrite((directory + "/" + name).c_str(), reinterpret_cast<const char*>(numbers.data()),
+void give(const std::string& call, int output, const Values& values) {
+    const Doubles numbers(values.begin(), values.end());
+    const std::string file = directory + "/" + call + "." + std::to_string(output);
+    fileWrite(file.c_str(), reinterpret_cast<const char*>(numbers.data()),
               static_cast<long>(numbers.size() * sizeof(double)));
+}
+
+Doubles zeros(int count) {
+    return Doubles(static_cast<std::size_t>(count));
+}
+
+template <typename... Values>
+Doubles row(Values... values) {
+    return {static_cast<double>(values)...};
+}
+
+Doubles fields(const PTPARAM& p) {
+    return row(p.fs, p.nbits, p.pfType, p.frameSize, p.overlap, p.pfLen, p.ppcNum, p.minPitch, p.maxPitch,
+               p.pitchRangeMax, p.pitchDiffMax, p.maxMedianPitchDiff, p.dpMethod, p.dpPosDiffOrder,
+               p.dpUseLocalOptim, p.pfWeight, p.indexDiffWeight, p.useVolThreshold, p.useClarityThreshold,
+               p.clarityRatio, p.medianFilterOrder, p.cutLeadingTrailingZero, p.maxAmdfLocalMinCount,
+               p.minAmdfRange, p.halfOfFs, p.halfOfNbits, p.frameRate, p.minIndex, p.maxIndex,
+               p.useClarityWeight);
+}
+
+void pitch() {
+    for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
+        PTPARAM param{};
+        cAudio::ptParamSet(&param, fs, 16, type, nullptr);
+        give(type == PF_ACF ? "ptParam" : "ptParam AMDF", 1, fields(param));
+        if (type == PF_AMDF) {
+            param.minPitch = 45;
+            param.medianFilterOrder = 3;
+            param.useVolThreshold = 0;
+        }
+        const int count = cAudio::getFrameNum2(waveLen, param.frameSize, param.overlap);
+        Doubles semitones = zeros(count);
+        Doubles clarity = zeros(count);
+        Doubles pfMat = zeros(count * param.pfLen);
+        ptByDpOverPfOnce<double, int>(samples.data(), waveLen, param, semitones.data(), clarity.data(),
+                                      pfMat.data(), nullptr);
+        const std::string call = type == PF_ACF ? "wave2pitch" : "wave2pitch AMDF";
+        give(call, 1, semitones);
+        give(call, 3, clarity);
+        give(call, 4, pfMat);
+        give(call, 5, fields(param));
+    }
+    Doubles pfMat = zeros(100 * frameNum);
+    wave2pfMat<double, double>(unit.data(), waveLen, frameSize, overlap, 100, PF_ACF, 3, pfMat.data());
+    give("wave2pfMat", 1, pfMat);
+    const std::vector<short> shorts(samples.begin(), samples.end());
+    int* pv = nullptr;
+    int pvLen = 0;
+    cAudio::bGetPitch(shorts, pv, pvLen, fs, 16);
+    give("wave2pv", 1, Ints(pv, pv + pvLen));
+    std::free(pv);
+    give("isWaveSilence", 1, row(cAudio::isWaveSilence(shorts, fs, 16, 20000)));
+}
+
+void voice() {
+    VOICEPARAM param;
+    param.fs = fs;
+    param.minFreq = 80;
+    param.maxFreq = 500;
+    param.frameRate = 200;
+    param.voicingThreshold = 0.5;
+    const VOICESIZES sizes = voiceSizes(waveLen, param);
+    Doubles f0 = zeros(sizes.frameNum);
+    Doubles strength = zeros(sizes.frameNum);
+    std::vector<float> correlation(zeros(sizes.frameNum * sizes.lagNum).size());
+    wave2f0(samples.data(), waveLen, param, f0.data(), strength.data(), correlation.data());
+    give("wave2f0", 1, f0);
+    give("wave2f0", 3, strength);
+    give("wave2f0", 5, correlation);
+}
+
+void endPoints() {
+    EPDPARAM param;
+    cAudio::epdParamSet(fs, param);
+    param.vhRatio = 20;
+    param.diffOrder = 2;
+    int count = 0;
+    const SegmentArray segments(cAudio::epdByVolHod(samples.data(), waveLen, fs, param, &count));
+    Ints ends;
+    std::for_each_n(segments.get(), count,
+                    [&](const SEGMENT& s) { ends.push_back(s.begin * param.frameSize + 1); });
+    std::for_each_n(segments.get(), count,
+                    [&](const SEGMENT& s) { ends.push_back((s.end + 1) * param.frameSize); });
+    give("endPoints volumeHod", 1, ends);
+}
+
+void features() {
+    Ints values(static_cast<std::size_t>(frameNum));
+    wave2volume(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
+    give("wave2volume", 1, values);
+    cAudio::wave2zcr(samples.data(), waveLen, frameSize, overlap, values.data());
+    give("wave2zcr", 1, values);
+    cAudio::wave2ashod(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
+    give("wave2ashod", 1, values);
+    Doubles times;
+    Doubles frames;
+    for (int first = 0; first + frameSize <= waveLen; first += frameSize - overlap) {
+        times.push_back((first + frameSize / 2.0) / fs);
+        frames.insert(frames.end(), &unit[static_cast<std::size_t>(first)],
+                      &unit[static_cast<std::size_t>(first)] + frameSize);
+    }
+    give("wave2frames", 1, frames);
+    give("wave2frames", 2, times);
+    give("waveVolumeCheck", 1, row(cAudio::waveVolumeCheck(samples.data(), waveLen, nullptr)));
+}
+
+void spectra() {
+    Doubles magnitude = zeros(513 * frameNum);
+    cAudio::absSpectrogram(unit.data(), waveLen, frameSize, overlap, 1024, 0, magnitude.data());
+    give("absSpectrogram", 1, magnitude);
+    const int cut = cAudio::uvCut(samples.data(), waveLen, frameSize, overlap);
+    give("uvCut", 1, row(cut * (frameSize - overlap) + 1));
+}
+
+void waveforms() {
+    const Doubles b{1, -0.95};
+    const Doubles a{1, 0.5, 0.2};
+    Doubles filtered = unit;
+    cAudio::filter(b.data(), 2, a.data(), 3, filtered.data(), waveLen);
+    give("waveFilter", 1, filtered);
+    Doubles echo = unit;
+    cAudio::waveEcho(unit.data(), waveLen, fs, 0.1, 0.5, echo.data());
+    give("waveEcho", 1, echo);
+    Ints resampled(static_cast<std::size_t>((waveLen - 1L) * 5000 / fs + 1));
+    cAudio::waveResample(samples.data(), waveLen, fs, 5000, resampled.data(), lengthOf(resampled));
+    give("waveResample", 1, resampled);
+}
+
+void sounds() {
+    const Doubles pitch{60, 0, 67};
+    const Doubles duration{0.3, 0.1, 0.25};
+    const Doubles notes{60, 0.3, 0, 0.1, 67, 0.25};
+    Doubles wave = zeros(4800);
+    cAudio::pitch2wave(pitch.data(), 3, 4, 8000, wave.data(), 4800);
+    give("pitch2wave", 1, wave);
+    wave = zeros(5200);
+    cAudio::note2wave(pitch.data(), 3, duration.data(), 8000, wave.data(), 5200);
+    give("note2wave", 1, wave);
+    Doubles pv = zeros(16);
+    cAudio::note2pv(notes.data(), 6, 0.04, pv.data(), 16);
+    give("note2pv", 1, pv);
+    give("pitch2freq", 1, row(cAudio::pitch2freq(70.5F)));
+    give("freq2pitch", 1, row(cAudio::freq2pitch(441.5F)));
+}
+
+void matching() {
+    const Doubles query{1, 3, 2, 5};
+    const Doubles song{7, 8, 9, 9, 8, 8, 11, 11};
+    Doubles distances = zeros(9);
+    Doubles scaled = zeros(8);
+    int best = 0;
+    double shift = 0;
+    const double least =
+        linearScaling(query.data(), 4, song.data(), 8, 0.8, 1.6, 9, 2, distances.data(), scaled.data(), best);
+    give("linearScaling", 1, row(least));
+    give("linearScaling", 3, distances);
+    give("lrShiftDist", 1, row(lrShiftDist(query.data(), 4, song.data(), 8, 2, shift, best)));
+    Doubles sets{1, 3, 5, 6, 2, 4, 0, 1, 0, 5, 0, 0};
+    Ints chosen(2);
+    Doubles coverage(2);
+    setCover(sets.data(), 4, 3, 2, chosen.data(), coverage.data());
+    give("setCover", 2, coverage);
 }
 
 } // namespace
 
 int main(int, char** argv) {
-    const auto [fs, wave] = readRecording(argv[1]);
+    read(argv[1]);
     directory = argv[2];
-    std::vector<double> unit(wave.begin(), wave.end());
-    for (double& sample : unit) sample /= 32768;
-    const auto waveLen = static_cast<int>(wave.size());
-
-    for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
-        PTPARAM param{};
-        cAudio::ptParamSet(&param, fs, 16, type, nullptr);
-        const auto frameNum =
-            static_cast<std::size_t>(cAudio::getFrameNum2(waveLen, param.frameSize, param.overlap));
-        std::vector<double> pitch(frameNum);
-        std::vector<double> clarity(frameNum);
-        std::vector<double> pfMat(frameNum * static_cast<std::size_t>(param.pfLen));
-        ptByDpOverPfOnce<double, int>(wave.data(), waveLen, param, pitch.data(), clarity.data(), pfMat.data(),
-                                      nullptr);
-        write("pitch" + std::to_string(type), pitch);
-        write("clarity" + std::to_string(type), clarity);
-        write("pfMat" + std::to_string(type), pfMat);
-    }
-    VOICEPARAM param;
-    param.fs = fs;
-    const VOICESIZES sizes = voiceSizes(waveLen, param);
-    const auto frameNumOfVoice = static_cast<std::size_t>(sizes.frameNum);
-    std::vector<double> f0(frameNumOfVoice);
-    std::vector<double> strength(frameNumOfVoice);
-    std::vector<float> correlation(frameNumOfVoice * static_cast<std::size_t>(sizes.lagNum));
-    wave2f0(wave.data(), waveLen, param, f0.data(), strength.data(), correlation.data());
-    write("f0", f0);
-    write("strength", strength);
-    write("correlation", correlation);
-    int* pv = nullptr;
-    int pvLen = 0;
-    cAudio::bGetPitch(std::vector<short>(wave.begin(), wave.end()), pv, pvLen, fs, 16);
-    write("pv", std::vector<int>(pv, pv + pvLen));
-    std::free(pv);
-
-    const auto frameNum = static_cast<std::size_t>(cAudio::getFrameNum2(waveLen, 256, 128));
-    std::vector<int> volume(frameNum);
-    wave2volume(wave.data(), waveLen, 256, 128, volume.data(), 1);
-    write("volume", volume);
-    std::vector<double> magnitude(frameNum * 129);
-    cAudio::absSpectrogram(unit.data(), waveLen, 256, 128, 256, 1, magnitude.data());
-    write("magnitude", magnitude);
-    std::vector<double> echo(unit.size());
-    cAudio::waveEcho(unit.data(), waveLen, fs, 0.1, 0.5, echo.data());
-    write("echo", echo);
-    EPDPARAM epdParam;
-    cAudio::epdParamSet(fs, epdParam);
-    int segNum = 0;
-    const SegmentArray segments(cAudio::epdByVolHod(wave.data(), waveLen, fs, epdParam, &segNum));
-    std::vector<int> samples;
-    for (const SEGMENT* s = segments.get(); s != segments.get() + segNum; ++s)
-        samples.insert(samples.end(), {s->begin * epdParam.frameSize + 1, (s->end + 1) * epdParam.frameSize});
-    write("segments", samples);
+    pitch();
+    voice();
+    endPoints();
+    features();
+    spectra();
+    waveforms();
+    sounds();
+    matching();
 }

@@ -1,43 +1,61 @@
-% What the host's user gets of the recordings in examples/ is what the library computes, to the last bit, whichever
-% version of the kernels runs.
-% Arguments: the program reference, the directory of the recordings.
+% What the host's user gets of each call in calls.json is what the library computes of the recordings in examples/, to
+% the last bit, whichever version of the kernels runs; and no function of the package is without a call.
+% Arguments: the program reference, the directories of the recordings, of the package's functions and of calls.json.
 
 1;
 
-function assertSame (directory, name, got)
-  fid = fopen (fullfile (directory, name));
-  want = fread (fid, Inf, "double");
-  fclose (fid);
-  assert (numel (want) > 0 && isequal (typecast (got(:), "uint64"), typecast (want, "uint64")), name);
+function named = formsOf (file)  % of a recording, by the names that calls.json has for them
+  [named.double, named.fs] = audioread (file);
+  named.int16 = audioread (file, "native");
+  named.usualSize = round (0.032 * named.fs);
+  named.usualOverlap = named.usualSize / 2;
 end
 
-[reference, examples] = argv (){end-1:end};
-for name = {dir(fullfile (examples, "*.wav")).name}
-  file = fullfile (examples, name{1});
+function outputs = outputsOf (call, named)
+  outputs = cell (1, call.outputs);
+  [outputs{:}] = feval (call.command, argumentsOf (call, named){:});
+end
+
+function numbers = numbersOf (output)
+  if (isstruct (output))
+    output = cell2mat (struct2cell (output));
+  end
+  numbers = double (output(:));
+end
+
+function assertComputedByReference (call, outputs, directory)
+  for i = call.reference'
+    output = sprintf ("%s.%d", call.name, i);
+    fid = fopen (fullfile (directory, output));
+    want = fread (fid, Inf, "double");
+    fclose (fid);
+    got = numbersOf (outputs{i});
+    assert (isequal (typecast (got, "uint64"), typecast (want, "uint64")), "%s of %s", output, directory);
+  end
+end
+
+[reference, examples, package, lists] = argv (){end-3:end};
+calls = jsondecode (fileread (fullfile (lists, "calls.json")));
+functions = strrep ({dir(fullfile (package, "*.m")).name}, ".m", "");
+assert (unique ({calls.command}), functions);
+assert (unique ({calls(! cellfun (@isempty, {calls.reference})).command}), functions);
+confirm_recursive_rmdir (false);
+for recording = {dir(fullfile (examples, "*.wav")).name}
   directory = tempname ();
   mkdir (directory);
-  assert (system (sprintf ("'%s' '%s' '%s' >'%s/console'", reference, name{1}, directory, directory)), 0);
-  [wave, fs] = audioread (file);
-  native = audioread (file, "native");
-  framing = {"frameSize", 256, "overlap", 128};
-  for input = {wave, wave', native; "portable", "avx2", "avx512"}
+  assert (system (sprintf ("'%s' %s '%s' >'%s/console'", reference, recording{1}, directory, directory)), 0);
+  named = formsOf (fullfile (examples, recording{1}));
+  for input = {named.double, named.double', named.int16; "portable", "avx2", "avx512"}
+    named.wave = input{1};
     wavepitchLibrary ("kernelVersion", input{2});
-    for pfType = 0:1
-      [pitch, ~, clarity, pfMat] = wave2pitch (input{1}, fs, "pfType", pfType);
-      assertSame (directory, sprintf ("pitch%d", pfType), pitch);
-      assertSame (directory, sprintf ("clarity%d", pfType), clarity);
-      assertSame (directory, sprintf ("pfMat%d", pfType), pfMat);
+    for call = calls'
+      outputs = outputsOf (call, named);
+      assertComputedByReference (call, outputs, directory);
+      if (! isempty (call.sameAs))  % defaults are what the help says
+        other = calls(strcmp ({calls.name}, call.sameAs));
+        assert (isequaln (outputs, outputsOf (other, named)), "%s is not %s", call.name, other.name);
+      end
     end
-    [f0, ~, strength, ~, correlation] = wave2f0 (input{1}, fs);
-    assertSame (directory, "f0", f0);
-    assertSame (directory, "strength", strength);
-    assertSame (directory, "correlation", double (correlation));
-    assertSame (directory, "pv", wave2pv (input{1}, fs));
-    assertSame (directory, "volume", wave2volume (input{1}, fs, framing{:}));
-    assertSame (directory, "magnitude", absSpectrogram (input{1}, fs, framing{:}));
-    assertSame (directory, "segments", endPoints (input{1}, fs, "volumeHod")');
   end
-  assertSame (directory, "echo", waveEcho (wave, fs, 0.1, 0.5));
-  confirm_recursive_rmdir (false);
   rmdir (directory, "s");
 end

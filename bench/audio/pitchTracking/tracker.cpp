@@ -61,7 +61,8 @@ struct Stages {
 
     Stages(const std::vector<int>& wave, const PTPARAM& p) {
         const auto length = static_cast<int>(wave.size());
-        const FramedWave framed(wave.data(), length, p);
+        wavepitch::framing::IntSamples samples(wave.data(), length);
+        const FramedWave framed(samples, p);
         constexpr int framesAtATime = 50;
         std::vector<double> values(static_cast<size_t>(framesAtATime) * static_cast<size_t>(p.pfLen));
         std::vector<double> clarityOf(framesAtATime);

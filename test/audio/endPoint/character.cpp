@@ -3,47 +3,63 @@
 namespace {
 
 /// A stretch of sound that shows in frames first to last of the character detector.
-Piece touching(int first, int last, double amplitude = 1.0) {
+Piece touching(int first, int last, double amplitude = 1) {
     return {170 * first + 86, 170 * (last + 1), amplitude};
 }
 
 TEST(Characters, CoresWidenAndMerge) {
-    const char* warning = "Warning: some characters are not recorded due to limited length!\n";
-    const Piece hum = {0, 170 * 81, 0.056}; // 25 dB below the rest
-    const std::tuple<Text, Pieces, int, int, Doubles, std::string> cases[] = {
-        {"11 frames, not 10", {touching(10, 20), touching(40, 49)}, 16000, 5, {10, 20}, ""},
-        {"silence parts them", {touching(10, 30), touching(32, 50)}, 16000, 5, {10, 30, 32, 50}, ""},
-        {"one stretch", {hum, touching(9, 22), touching(26, 40), touching(45, 60)}, 16000, 5, {0, 79}, ""},
-        {"few slots", {touching(5, 6), touching(10, 15), touching(32, 50)}, 8000, 2, {10, 15}, warning},
-        {"no slot", {touching(10, 30)}, 16000, 0, {}, warning},
-        {"a constant", {{0, 170 * 81, 3.0, 1 << 20}}, 16000, 5, {0, 79}, ""},
-        {"not a number", {touching(10, 30), {5000, 5001, notANumber}}, 16000, 5, {}, ""},
+    const int waveLen = 170 * 81;
+    const Text warning = "Warning: some characters are not recorded due to limited length!\n";
+    const Piece hum = {0, waveLen, 0.035}; // 29 dB below the rest
+    const Piece weakHum = {0, waveLen, 0.03};
+    const struct {
+        Text what;
+        Pieces pieces;
+        Text start, end;
+        Text console = "";
+        int fs = 8000;
+    } cases[] = {
+        {"11 frames, not 10", {touching(10, 20), touching(40, 49)}, "1700 -1", "3655 -1", "", 17599},
+        {"silence parts them", {touching(10, 30), touching(32, 50)}, "1700 5440", "5355 8755"},
+        {"20 dB below", {touching(10, 30), touching(40, 50, 0.125)}, "1700 6800", "5355 8755"},
+        {"21 dB below", {touching(10, 30), touching(40, 50, 0.09)}, "1700 -1", "5355 -1"},
+        {"one stretch", {hum, touching(9, 22), touching(26, 40)}, "0 -1", "13685 -1"},
+        {"30.5 dB below", {weakHum, touching(10, 30)}, "1700 -1", "5355 -1"},
+        {"few slots", {touching(1, 2), touching(4, 9), touching(12, 20)}, "680 -1", "1785 -1", warning},
+        {"a constant", {{0, waveLen, 3, 1 << 20}}, "0 -1", "13685 -1"},
+        {"not a number", {touching(10, 30), {5000, 5001, notANumber}}, "-1 -1", "-1 -1"},
     };
-    for (const auto& [what, pieces, fs, slots, frames, text] : cases) {
-        Doubles wave = made<double>(170 * 81, pieces);
-        Doubles start(size_t(slots), 7.0), end(start);
+    for (const auto& [what, pieces, starts, ends, printed, fs] : cases) {
+        Doubles wave = made<double>(waveLen, pieces);
+        double start[2], end[2];
         const ConsoleCapture console;
-        const int count =
-            cAudio::charEndPointDetect(wave.data(), lengthOf(wave), fs, start.data(), end.data(), slots);
-        EXPECT_EQ(console.text(), text) << what;
-        ASSERT_EQ(2 * count, lengthOf(frames)) << what;
-        for (std::size_t i = 0; i < start.size(); ++i) {
-            const bool used = 2 * i < frames.size();
-            EXPECT_EQ(start[i], used ? 170 * frames[2 * i] : -1) << what;
-            EXPECT_EQ(end[i], used ? 170 * frames[2 * i + 1] + 255 : -1) << what;
-        }
-        int first = 7, last = 7;
-        cAudio::sentenceEndPointDetect(wave.data(), lengthOf(wave), fs, &first, &last);
-        if (!text.empty()) continue;
-        EXPECT_EQ(first, frames.empty() ? -1 : 170 * frames.front()) << what;
-        EXPECT_EQ(last, frames.empty() ? -1 : 170 * frames.back() + 255) << what;
+        const int count = cAudio::charEndPointDetect(wave.data(), waveLen, fs, start, end, 2);
+        EXPECT_EQ(text(Doubles{start[0], start[1]}), starts) << what;
+        EXPECT_EQ(text(Doubles{end[0], end[1]}), ends) << what;
+        EXPECT_EQ(count, 2 - std::count(start, start + 2, -1)) << what;
+        EXPECT_EQ(console.text(), printed) << what;
     }
+}
+
+TEST(Characters, ASentenceIsFromTheFirstToTheLast) {
+    Doubles wave = made<double>(8000, {touching(5, 15), touching(30, 40)});
+    int first = 7;
+    int last = 7;
+    cAudio::sentenceEndPointDetect(wave.data(), 8000, 8000, &first, &last);
+    EXPECT_EQ(first, 850);
+    EXPECT_EQ(last, 7055);
+    cAudio::sentenceEndPointDetect(wave.data(), 255, 8000, &first, &last);
+    EXPECT_EQ(first, -1);
+    EXPECT_EQ(last, -1);
+}
+
+TEST(Characters, WhatComesBack) {
     Doubles wave{3, 5, 4, 4};
     cAudio::charEndPointDetect(wave.data(), 4, 8000, nullptr, nullptr, INT_MIN);
-    EXPECT_EQ(wave, (Doubles{-1, 1, 0, 0}));
+    EXPECT_EQ(text(wave), "-1 1 0 0");
     Doubles list{-1, 4, -1, -1, 2, 9};
     packCharIndex(list.data(), 5);
-    EXPECT_EQ(list, (Doubles{4, 2, -1, -1, -1, 9}));
+    EXPECT_EQ(text(list), "4 2 -1 -1 -1 9");
 }
 
 } // namespace

@@ -7,7 +7,8 @@ using Text = const char*;
 
 /// Samples from begin up to end: amplitude and its negative by turns, each for half a period.
 struct Piece {
-    int begin, end;
+    int begin;
+    int end;
     double amplitude;
     int period = 2;
 };
@@ -16,10 +17,12 @@ using Pieces = std::vector<Piece>;
 
 template <typename Sample>
 std::vector<Sample> made(int waveLen, const Pieces& pieces) {
-    std::vector<Sample> wave(static_cast<std::size_t>(waveLen));
-    for (const auto& [begin, end, amplitude, period] : pieces)
-        for (int i = begin; i < end; ++i)
-            wave.at(static_cast<std::size_t>(i)) =
-                static_cast<Sample>((i - begin) % period < period / 2 ? amplitude : -amplitude);
+    std::vector<Sample> wave(static_cast<size_t>(waveLen));
+    for (const Piece& piece : pieces)
+        for (int i = piece.begin; i < piece.end; ++i) {
+            const bool isUpper = (i - piece.begin) % piece.period < piece.period / 2;
+            wave.at(static_cast<size_t>(i)) =
+                static_cast<Sample>(isUpper ? piece.amplitude : -piece.amplitude);
+        }
     return wave;
 }

@@ -6,21 +6,26 @@
 namespace {
 
 TEST(VolumeCheck, CodesAtTheirThresholds) {
-    const std::tuple<Text, int, double, double, int, int, int> cases[] = {
-        {"fit, with one clipped sample", 200, 140, 0, 1, 31130, 0},
-        {"too quiet, but not noisy", 200, 139, 30, 0, 0, 1},
-        {"noisy, and too quiet", 200, 50, 31, 0, 0, 2},
-        {"one in 199", 199, 140, 99, 1, 31130, 3},
-        {"two, below", 200, 140, 0, 2, -31130, 3},
-        {"beside the limit", 200, 140, 0, 9, -31129, 0},
-        {"no whole frame", 0, 140, 140, 1, 32767, 1}};
-    for (const auto& [what, frameNum, loud, quiet, saturated, peak, code] : cases) {
-        const int n = 160 * frameNum + 160;
-        Ints wave = made<int>(n - 1, {{0, n - 1, quiet}, {0, std::min(n - 1, 800), loud}});
-        wave.resize(static_cast<std::size_t>(frameNum ? n : n - 1), wave.back());
+    const struct {
+        Text what;
+        double loud, quiet;
+        int saturated, peak;
+        int code;
+        int frameNum = 200;
+    } cases[] = {{"fit, at both levels", 140, 30, 0, 0, 0},
+                 {"too quiet", 139, 30, 0, 0, 1},
+                 {"noisy, and too quiet", 50, 31, 0, 0, 2},
+                 {"one clipped in 200", 140, 0, 1, 31130, 0},
+                 {"one in 199, and noisy", 140, 99, 1, 31130, 3, 199},
+                 {"two, below", 140, 0, 2, -31130, 3},
+                 {"beside the limit", 140, 0, 9, -31129, 0}};
+    for (const auto& [what, loud, quiet, saturated, peak, code, frameNum] : cases) {
+        const int waveLen = 160 * (frameNum + 1);
+        Ints wave = made<int>(waveLen, {{0, waveLen, quiet}, {0, 800, loud}});
         std::fill_n(wave.begin(), saturated, peak);
-        EXPECT_EQ(cAudio::waveVolumeCheck(wave.data(), lengthOf(wave), ""), code) << what;
+        EXPECT_EQ(cAudio::waveVolumeCheck(wave.data(), waveLen, ""), code) << what;
     }
+    EXPECT_EQ(cAudio::waveVolumeCheck(Ints(319, 32767).data(), 319, ""), 1) << "no whole frame";
 }
 
 TEST(VolumeCheck, ParameterFiles) {
@@ -34,8 +39,7 @@ TEST(VolumeCheck, ParameterFiles) {
     }
     EXPECT_EQ(onOneLine(testing::internal::GetCapturedStdout(), "volCheckPrm->"),
               "volCheckPrm->maxVolTh=150 minVolTh=8.5 satAmpRatio=3 satSampleCountRatioTh=4 maxVolTh=140 "
-              "minVolTh=30 "
-              "satAmpRatio=0.95 satSampleCountRatioTh=0.005 "
+              "minVolTh=30 satAmpRatio=0.95 satSampleCountRatioTh=0.005 "
               "(line N, file=../../../../c/lib/audio/audio)\n");
 
     const Ints wave = made<int>(1600, {{0, 800, 145}}); // the file's level, else defaults
@@ -43,7 +47,7 @@ TEST(VolumeCheck, ParameterFiles) {
     std::ofstream("check.txt") << "satAmpRatio=0.5\nMaxVolTh=3\nminVolTh=1\n";
     EXPECT_EQ(fatalMessage([&] { cAudio::volCheckPrmRead("check.txt", &prm); }),
               "Error in parsing check.txt, unknown key = MaxVolTh (line N in ../../../../c/lib/audio/audio)");
-    EXPECT_TRUE(prm.satAmpRatio == 0.5F && prm.minVolTh == 30.0F) << "the pairs before it have been stored";
+    EXPECT_EQ(prm.satAmpRatio, 0.5F) << "the pair before it has been stored";
 }
 
 } // namespace

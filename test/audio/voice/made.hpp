@@ -17,9 +17,13 @@ inline Doubles voiceOf(const Contour& contour, double seconds, int fs) {
         const double freq = contour(static_cast<double>(i) / fs);
         const double top = std::min(3500.0, 0.45 * fs);
         for (int q = 1; q * freq < top; ++q) wave[i] += std::sin(q * phase) / q;
-        phase = std::fmod(phase + 2 * std::numbers::pi * freq / fs, 2 * std::numbers::pi);
+        phase += 2 * std::numbers::pi * freq / fs;
     }
     return wave;
+}
+
+inline Doubles voiceOf(double freq, double seconds, int fs) {
+    return voiceOf([=](double) { return freq; }, seconds, fs);
 }
 
 /// With white noise 20 dB below.
@@ -45,6 +49,7 @@ Doubles pitchOf(const std::vector<Sample>& wave, const VOICEPARAM& param) {
     return f0;
 }
 
+/// The distance of two frequencies.
 inline double cents(double freq, double reference) {
-    return 1200 * std::log2(freq / reference);
+    return std::abs(1200 * std::log2(freq / reference));
 }

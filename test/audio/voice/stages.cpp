@@ -1,237 +1,170 @@
-// The stages of the tracker against plain twins, bit by bit, in every version.
+// The stages of the tracker against their definitions. That the kernels of every version have the same bits
+// is seen in the whole (voice.cpp).
 #include "audio/voice/made.hpp"
 
-#include "audio/voice/candidates.hpp"
+#include "audio/voice/path.hpp"
 #include "audio/voice/refinement.hpp"
 
 namespace {
 
 using namespace wavepitch::voice;
-using Floats = std::vector<float>;
 
-Floats randomFloats(std::mt19937& random, size_t num) {
-    std::normal_distribution<float> any;
-    Floats values(num);
-    for (float& x : values) x = any(random);
-    return values;
-}
+/// The band signal of a recording.
+struct BandOf {
+    Doubles wave;
+    Layout layout;
+    Source source;
+    Band band;
 
-/// Calls once with each version of a kernel.
-template <typename Of, typename Call>
-void withEveryVersion(Of of, Call call) {
-    withEveryKernel([&](const char* set) { call(versionFor(wavepitch::instructionSet(), of), set); });
-#if defined(__x86_64__)
-    if (hasEightLanes()) call(of.template operator()<eightLanes>(), "avx512 on avx2");
-#endif
-}
-
-TEST(VoiceFilter, EveryVersionEqualsThePlainSum) {
-    std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
-    for (const size_t reach : {0U, 1U, 7U, 64U})
-        for (const size_t step : {1U, 2U, 3U, 8U})
-            for (const size_t num : {64U, 192U}) {
-                const Floats taps = randomFloats(random, reach + 1);
-                const Floats x = randomFloats(random, (num + 1) * step + 2 * reach + 1);
-                std::vector<Floats> phases(step);
-                for (size_t i = 0; i < x.size(); ++i) phases[i % step].push_back(x[i]);
-                std::vector<const float*> starts;
-                for (const Floats& phase : phases) starts.push_back(phase.data());
-                Floats plain(num);
-                for (size_t i = 0; i < num; ++i) {
-                    const float* centre = &x[i * step + reach];
-                    plain[i] = taps[0] * *centre;
-                    for (size_t k = 1; k <= reach; ++k) plain[i] += taps[k] * (*(centre - k) + centre[k]);
-                }
-                const auto of = []<wavepitch::InstructionSet set> { return filterOf<set>; };
-                withEveryVersion(of, [&](auto filter, const char* name) {
-                    Floats out(num);
-                    filter({starts.data(), step, taps.data(), reach, num, out.data()});
-                    EXPECT_EQ(out, plain) << name << ", reach " << reach << ", step " << step;
-                });
-            }
-}
-
-/// One frame of the correlation.
-struct PlainCorrelation {
-    Floats values;
-    std::vector<bool> isMaximum;
-
-    PlainCorrelation(const float* span, size_t windowLen, size_t firstLag, size_t lagNum, double floor,
-                     float threshold)
-        : values(lagNum), isMaximum(lagNum) {
-        const size_t lastLag = firstLag + lagNum - 1;
-        Floats energies;
-        double energy = 0;
-        const auto square = [&](size_t t) {
-            return static_cast<double>(span[t]) * static_cast<double>(span[t]);
-        };
-        for (size_t t = 0; t < windowLen; ++t) energy += square(t);
-        for (size_t t = 0; t <= lastLag; ++t) {
-            energies.push_back(static_cast<float>(energy + floor));
-            if (t < lastLag) energy += square(t + windowLen) - square(t);
-        }
-        for (size_t row = 0; row < lagNum; ++row) {
-            const size_t lag = firstLag + row;
-            const size_t start = (windowLen + lastLag) / 2 - (windowLen + lag) / 2;
-            float sum = 0;
-            for (size_t j = 0; j < windowLen; ++j) sum += span[start + j] * span[start + lag + j];
-            values[row] = (sum + sum) / (energies[start] + energies[start + lag]);
-        }
-        for (size_t row = 1; row + 1 < lagNum; ++row)
-            isMaximum[row] =
-                values[row] > threshold && values[row] > values[row - 1] && values[row] >= values[row + 1];
-    }
+    BandOf(const Doubles& recording, const VOICEPARAM& param)
+        : wave(recording), layout(lengthOf(wave), param), source(wave.data(), wave.size()),
+          band(BandFilter(source, layout, param.minFreq), layout, 1U << 20U) {}
 };
 
-TEST(VoiceCorrelation, EveryVersionEqualsThePlainSums) {
-    std::mt19937 random(2); // NOLINT(cert-msc51-cpp)
-    for (const size_t windowLen : {1U, 12U, 95U})
-        for (const size_t firstLag : {3U, 10U})
-            for (const size_t lagNum : {1U, 2U, 3U, 15U, 32U, 33U, 66U}) {
-                const size_t span = windowLen + firstLag + lagNum - 1;
-                Floats x = randomFloats(random, span + 40);
-                if (windowLen == 12) std::fill(x.begin(), x.end(), 1.0F); // all lags are equal
-                const float* spans[correlationFrames];
-                for (size_t f = 0; f < correlationFrames; ++f) spans[f] = &x[random() % 40];
-                Floats samples(span * correlationFrames);
-                Floats energies((firstLag + lagNum) * correlationFrames);
-                Floats values(lagNum * correlationFrames);
-                std::vector<unsigned> bits((lagNum + 31) / 32 * correlationFrames);
-                const auto of = []<wavepitch::InstructionSet set> { return correlationOf<set>; };
-                withEveryVersion(of, [&](auto correlate, const char* name) {
-                    correlate({spans, windowLen, firstLag, lagNum, 0.5, 0.1F, samples.data(), energies.data(),
-                               values.data(), bits.data()});
-                    for (size_t f = 0; f < correlationFrames; ++f) {
-                        const PlainCorrelation plain(spans[f], windowLen, firstLag, lagNum, 0.5, 0.1F);
-                        for (size_t row = 0; row < lagNum; ++row) {
-                            const unsigned word = bits[row / 32 * correlationFrames + f];
-                            ASSERT_EQ(values[row * correlationFrames + f], plain.values[row])
-                                << name << ", window " << windowLen << ", lag " << firstLag + row << " of "
-                                << lagNum;
-                            ASSERT_EQ((word >> row % 32 & 1U) != 0, plain.isMaximum[row])
-                                << name << ", window " << windowLen << ", lag " << firstLag + row << " of "
-                                << lagNum;
-                        }
-                    }
-                });
+/// A second of a tone.
+Doubles tone(double freq, double amplitude, int fs) {
+    Doubles wave(static_cast<size_t>(fs));
+    for (size_t i = 0; i < wave.size(); ++i)
+        wave[i] = amplitude * std::sin(2 * std::numbers::pi * freq * static_cast<double>(i) / fs);
+    return wave;
+}
+
+TEST(VoiceBand, PassesFrom60To2000HzWithoutDelay) {
+    const struct {
+        int fs;
+        double freq, gain;
+    } cases[] = {{8000, 30, 0.113},   {8000, 60, 0.505}, {8000, 100, 0.966},   {8000, 1000, 1},
+                 {8000, 1800, 0.866}, {8000, 3000, 0},   {48000, 1800, 0.853}, {48000, 6500, 0}};
+    for (const auto& [fs, freq, gain] : cases) {
+        BandOf of(tone(freq, 0.75, fs), at(fs));
+        const Doubles expected = tone(freq, 0.75 * gain, 8000);
+        const float* x = of.band.read(2001, 1000);
+        for (size_t i = 0; i < 1000; ++i)
+            ASSERT_NEAR(double(x[i]), expected[2001 + i], 0.002) << freq << " Hz at " << fs;
+    }
+}
+
+TEST(VoiceCharacter, AFundamentalHasAHundredthOfTheEnergyBelow250Hz) {
+    const struct {
+        double freq, amplitude;
+        bool isFundamental;
+    } cases[] = {{150, 0.052, true}, {150, 0.048, false}, {290, 0.3, false}};
+    for (const auto& [freq, amplitude, isFundamental] : cases) {
+        Doubles wave = tone(freq, amplitude, 8000);
+        const Doubles high = tone(1000, 0.5, 8000);
+        std::transform(wave.begin(), wave.end(), high.begin(), wave.begin(), std::plus());
+        BandOf of(wave, at(8000));
+        EXPECT_EQ(characterOf(of.band, of.layout, at(8000)).hasFundamental, isFundamental) << amplitude;
+    }
+}
+
+TEST(VoiceCharacter, OnlyFramesWithin30DecibelsTellHowLoudItIs) {
+    Doubles wave = tone(500, 0.75, 8000);
+    // A tenth of a second is loud, four are 20 dB below, five 40 dB.
+    for (size_t i = 800; i < wave.size(); ++i) wave[i] *= i < 4000 ? 0.1 : 0.01;
+    BandOf of(wave, at(8000));
+    EXPECT_NEAR(characterOf(of.band, of.layout, at(8000)).loudPower, 0.75 * 0.75 / 2, 0.01);
+}
+
+/// Of the windows of a lag around a sample.
+double plainCorrelation(const float* centre, size_t windowLen, size_t lag, double floor) {
+    const float* first = centre - (windowLen + lag) / 2;
+    double products = 0;
+    double energies = 2 * floor;
+    for (size_t j = 0; j < windowLen; ++j) {
+        const auto x = double(first[j]);
+        const auto y = double(first[j + lag]);
+        products += x * y;
+        energies += x * x + y * y;
+    }
+    return 2 * products / energies;
+}
+
+TEST(VoiceCandidates, AreTheFirstEightMaximaOfTheCorrelation) {
+    const struct {
+        int fs;
+        double maxFreq, freq;
+        int num;
+    } cases[] = {{8000, 800, 790, 8}, {8083, 800, 300, 5}, {8200, 1000, 120, 2}};
+    withEveryKernel([&](const char* version) {
+        for (const auto& [fs, maxFreq, freq, num] : cases) {
+            SCOPED_TRACE(std::to_string(fs) + " Hz, " + version);
+            VOICEPARAM param = at(fs);
+            param.maxFreq = maxFreq;
+            BandOf of(tone(freq, 0.75, fs), param);
+            const Layout& layout = of.layout;
+            std::vector<float> correlation(layout.frameNum * layout.lagNum);
+            const auto all = findCandidates(of.band, layout, {0.5, true}, param, correlation.data());
+            const double floor = static_cast<double>(layout.windowLen) * 0.5 * std::pow(10, -2.6);
+            for (size_t i = 0; i < correlation.size(); ++i) {
+                const size_t lag = layout.minLag + i % layout.lagNum;
+                const float* centre = of.band.read(layout.centre(i / layout.lagNum) - 250, 500) + 250;
+                ASSERT_NEAR(double(correlation[i]), plainCorrelation(centre, layout.windowLen, lag, floor),
+                            1e-5)
+                    << "frame " << i / layout.lagNum << ", lag " << lag;
             }
-}
-
-Powers powersOf(double angle) {
-    Powers powers;
-    for (size_t k = 0; k <= harmonicLanes; ++k) {
-        powers.re[k] = static_cast<float>(std::cos(static_cast<double>(k) * angle));
-        powers.im[k] = static_cast<float>(std::sin(static_cast<double>(k) * angle));
-    }
-    return powers;
-}
-
-/// A point turned by another, as often as asked.
-struct Turned {
-    float re;
-    float im;
-
-    Turned(const Powers& powers, size_t start, size_t by, size_t times)
-        : re(powers.re[start]), im(powers.im[start]) {
-        for (; times > 0; --times) {
-            const float before = re;
-            re = before * powers.re[by] - im * powers.im[by];
-            im = before * powers.im[by] + im * powers.re[by];
+            ASSERT_EQ(all[50].num, num);
+            for (int k = 0; k < num; ++k) {
+                EXPECT_NEAR(double(all[50].lag[k]), (k + 1) * fs / freq, 0.1) << k;
+                EXPECT_NEAR(double(all[50].strength[k]), 0.9955, 0.004) << k;
+            }
+            param.candidateThreshold = 1;
+            EXPECT_EQ(findCandidates(of.band, layout, {0.5, true}, param, nullptr)[50].num, 0);
         }
-    }
-};
-
-HarmonicSums plainSums(const float* x, size_t reach, size_t num, const Powers& whole, const Powers& quarter) {
-    HarmonicSums sums{};
-    const size_t parts = harmonicLanes / num;
-    for (size_t lane = 0; lane < harmonicLanes; ++lane)
-        for (size_t n = lane % parts; n <= reach; n += parts) {
-            const Turned slow(quarter, n % harmonicLanes, harmonicLanes, n / harmonicLanes);
-            const size_t q = lane / parts + 1;
-            const Turned angle(whole, q * (lane % parts), q * parts, n / parts);
-            const float even = x[n] + *(x - n);
-            const float odd = x[n] - *(x - n);
-            const float weight = (n == 0 ? 0.5F : 1.0F) * (0.34F + slow.re * (0.5F + slow.re * 0.16F));
-            const float slope = slow.im * (0.125F + slow.re * 0.08F);
-            sums.evenCos[lane] += weight * even * angle.re;
-            sums.oddSin[lane] += weight * odd * angle.im;
-            sums.oddCos[lane] += slope * odd * angle.re;
-            sums.evenSin[lane] += slope * even * angle.im;
-        }
-    return sums;
-}
-
-TEST(VoiceHarmonics, EveryVersionEqualsThePlainSums) {
-    std::mt19937 random(3); // NOLINT(cert-msc51-cpp)
-    for (const size_t reach : {0U, 1U, 15U, 16U, 17U, 100U, 267U})
-        for (const size_t num : {4U, 8U}) {
-            const Floats x = randomFloats(random, 2 * (reach + harmonicLanes) + 1);
-            const float* centre = &x[reach + harmonicLanes];
-            const double angle = 4 * std::numbers::pi / static_cast<double>(reach + 1);
-            const Powers whole = powersOf(angle);
-            const Powers quarter = powersOf(angle / 4);
-            const HarmonicSums plain = plainSums(centre, reach, num, whole, quarter);
-            Floats work(4 * (reach / harmonicLanes + 1) * harmonicLanes);
-            const auto of = []<wavepitch::InstructionSet set> { return harmonicSumsOf<set>; };
-            withEveryVersion(of, [&](auto sumsOf, const char* name) {
-                HarmonicSums sums{};
-                sumsOf({centre, reach, num, &whole, &quarter, work.data()}, sums);
-                for (size_t lane = 0; lane < harmonicLanes; ++lane) {
-                    EXPECT_EQ(sums.evenCos[lane], plain.evenCos[lane]) << name << ' ' << reach << ' ' << lane;
-                    EXPECT_EQ(sums.oddSin[lane], plain.oddSin[lane]) << name << ' ' << reach << ' ' << lane;
-                    EXPECT_EQ(sums.oddCos[lane], plain.oddCos[lane]) << name << ' ' << reach << ' ' << lane;
-                    EXPECT_EQ(sums.evenSin[lane], plain.evenSin[lane]) << name << ' ' << reach << ' ' << lane;
-                }
-            });
-        }
+    });
 }
 
 TEST(VoiceRefinement, FindsTheFrequencyFromTheLagBeside) {
-    const VOICEPARAM param = at(8000);
-    const Layout layout(8000, param);
-    for (const double freq : {62.0, 118.5, 251.3, 480.0, 777.0}) {
-        const Doubles tone = voiceOf([&](double) { return freq; }, 1, 8000);
-        const Floats x(tone.begin(), tone.end());
+    VOICEPARAM high = at(8000); // their window is longer than four of the longest periods
+    high.minFreq = 1900;
+    high.maxFreq = 2000;
+    for (const double freq : {62.0, 118.5, 251.3, 480.0, 777.0, 1950.0}) {
+        const Layout layout(8000, freq > 1900 ? high : at(8000));
+        const Doubles wave = voiceOf(freq, 1, 8000);
+        const std::vector<float> x(wave.begin(), wave.end());
         for (const double start : {0.97, 1.0, 1.03})
-            EXPECT_NEAR(cents(Refinement(layout).refined(&x[4000], start * freq), freq), 0, 1)
-                << freq << ' ' << start;
+            EXPECT_LT(cents(Refinement(layout).refined(&x[4000], start * freq), freq), 1)
+                << freq << " Hz from " << start;
     }
 }
 
+using Frames = std::vector<VOICECANDIDATES>;
 using Path = std::vector<std::uint8_t>;
-using Loss = std::function<double(double)>;
 
-double scoreOf(const Path& path, const std::vector<VOICECANDIDATES>& frames, const VOICEPARAM& param,
-               const Loss& loss) {
-    double score = 0;
-    double before = 0; // octave of the lag before, 0 where it was unvoiced
-    for (size_t i = 0; i < path.size(); ++i) {
-        const bool isVoiced = path[i] != unvoiced;
-        const double octave = isVoiced ? std::log2(static_cast<double>(frames[i].lag[path[i]])) : 0;
-        score += isVoiced ? static_cast<double>(frames[i].strength[path[i]]) - loss(octave)
-                          : param.voicingThreshold;
-        if (i > 0 && isVoiced != (before > 0)) score -= param.voicingCost;
-        if (isVoiced && before > 0) score -= param.lagCost * (octave - before) * (octave - before);
-        before = octave;
+/// The gains of a search, by octaves of lag.
+struct Gains {
+    double unvoiced, slope, centre, low, high, squared;
+
+    double of(float strength, double octave) const {
+        const double beyond = std::max({0.0, low - octave, octave - high});
+        return double(strength) - slope * (octave - centre) - squared * beyond * beyond;
     }
-    return score;
+};
+
+double octaveOf(const VOICECANDIDATES& frame, int k) {
+    return std::log2(double(frame.lag[k]));
 }
 
-/// The best of all paths, each of which is looked at.
-Path plainPath(const std::vector<VOICECANDIDATES>& frames, const VOICEPARAM& param, const Loss& loss) {
-    Path best;
-    size_t paths = 1;
-    for (const auto& frame : frames) paths *= static_cast<size_t>(frame.num) + 1;
-    for (size_t n = 0; n < paths; ++n) {
-        Path path;
-        size_t rest = n;
-        for (const auto& frame : frames) {
-            const auto states = static_cast<size_t>(frame.num) + 1;
-            path.push_back(rest % states + 1 == states ? unvoiced : static_cast<std::uint8_t>(rest % states));
-            rest /= states;
-        }
-        if (best.empty() || scoreOf(path, frames, param, loss) > scoreOf(best, frames, param, loss))
-            best = path;
+struct Scored {
+    double score = -1e9;
+    Path path = {};
+};
+
+/// The best of all paths from a frame on; before is the octave of the lag before it, 0 for none, and -1 for
+/// the first frame.
+Scored bestFrom(size_t i, double before, const Frames& frames, const Gains& gains) {
+    if (i == frames.size()) return {0, {}};
+    Scored best;
+    for (int k = 0; k <= frames[i].num; ++k) {
+        const bool isVoiced = k < frames[i].num;
+        const double octave = isVoiced ? octaveOf(frames[i], k) : 0;
+        double gain = isVoiced ? gains.of(frames[i].strength[k], octave) : gains.unvoiced;
+        if (before >= 0 && isVoiced != (before > 0)) gain -= 0.3;
+        if (before > 0 && isVoiced) gain -= 2 * (octave - before) * (octave - before);
+        const Scored rest = bestFrom(i + 1, octave, frames, gains);
+        if (rest.score + gain <= best.score) continue;
+        best = {rest.score + gain, {isVoiced ? std::uint8_t(k) : unvoiced}};
+        best.path.insert(best.path.end(), rest.path.begin(), rest.path.end());
     }
     return best;
 }
@@ -240,38 +173,30 @@ TEST(VoicePath, IsTheBestOfAllPaths) {
     std::mt19937 random(4); // NOLINT(cert-msc51-cpp)
     std::uniform_real_distribution<float> strength(0.2F, 1);
     std::uniform_real_distribution<float> octave(4, 7);
-    const VOICEPARAM param = at(8000);
-    const Layout layout(600, param);
+    const double centre = std::log2(8000 / std::sqrt(60.0 * 800));
     for (int run = 0; run < 200; ++run) {
-        std::vector<VOICECANDIDATES> frames(5);
-        for (auto& frame : frames) {
+        Frames frames(4);
+        for (VOICECANDIDATES& frame : frames) {
             frame.num = static_cast<int>(random() % 4);
-            for (int k = 0; k < frame.num; ++k) {
-                frame.strength[k] = strength(random);
-                frame.lag[k] = std::exp2(octave(random));
-            }
+            for (float& x : frame.strength) x = strength(random);
+            for (float& x : frame.lag) x = std::exp2(octave(random));
         }
-        const double centre = std::log2(8000 / std::sqrt(60.0 * 800));
-        const Path first = plainPath(frames, param, [&](double x) { return 0.1 * (x - centre); });
-        std::vector<double> octaves;
-        for (size_t i = 0; i < first.size(); ++i)
-            if (first[i] != unvoiced)
-                octaves.push_back(std::log2(static_cast<double>(frames[i].lag[first[i]])));
+        const bool hasFundamental = run % 2 == 0;
+        const double gain = hasFundamental ? 0.45 : 0.4;
+        Path path = bestFrom(0, -1, frames, {gain, hasFundamental ? 0.1 : 0.03, centre, 0, 99, 0}).path;
+        Doubles octaves;
+        for (size_t i = 0; i < path.size(); ++i)
+            if (path[i] != unvoiced) octaves.push_back(octaveOf(frames[i], path[i]));
         std::sort(octaves.begin(), octaves.end());
-        const auto octaveAt = [&](double share) {
-            return octaves.empty()
-                       ? 0
-                       : octaves[static_cast<size_t>(share * static_cast<double>(octaves.size()))];
-        };
-        const double median = octaveAt(0.5);
-        const double low = std::min(median - 0.7, octaveAt(0.1));
-        const double high = std::max(median + 0.7, octaveAt(0.9));
-        const Path second = plainPath(frames, param, [&](double x) {
-            const double far = std::max({0.0, low - x, x - high});
-            return 0.05 * (x - median) + 0.2 * far * far;
-        });
-        EXPECT_EQ(bestPath(frames, layout, {1, true}, param), octaves.empty() ? first : second)
-            << "run " << run;
+        if (!octaves.empty()) {
+            const double median = octaves[octaves.size() / 2];
+            const double low = std::min(median - 0.7, octaves[octaves.size() / 10]);
+            const double high = std::max(median + 0.7, octaves[octaves.size() * 9 / 10]);
+            const Gains speech{gain, 0.05, median, low, high, 0.2};
+            const Gains telephone{gain, 0.03, median, median, median, 0.1};
+            path = bestFrom(0, -1, frames, hasFundamental ? speech : telephone).path;
+        }
+        EXPECT_EQ(bestPath(frames, Layout(600, at(8000)), {1, hasFundamental}, at(8000)), path) << run;
     }
 }
 

@@ -6,7 +6,7 @@ TEST(Filter, EqualsTheDifferenceEquationSampleBySample) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
     std::normal_distribution<double> small(0, 0.2);
     for (const size_t order : {0U, 1U, 3U, 40U})
-        for (const size_t xLen : {0U, 1U, 3001U}) {
+        for (const size_t xLen : {0U, 1U, 2060U}) {
             Doubles b(order), a(order + xLen % 3), x(xLen), y(xLen);
             for (Doubles* vec : {&b, &a, &x})
                 for (double& element : *vec) element = small(random);
@@ -46,7 +46,7 @@ TEST(Resample, FollowsTheWaveformAndEndsOnItsEnds) {
     };
     EXPECT_EQ(resampled({0, 10, 20, 30, 40, 50, 60, 70}, 16000, 8000), "0 20 40 60 70");
     EXPECT_EQ(resampled({0, -5, 9, -1}, 1, 2), "0 -3 -5 2 -1"); // halves away from zero
-    EXPECT_EQ(resampled({1, 2, 3}, 2, 1), "1 3 3 3 3");         // beyond the end
+    EXPECT_EQ(resampled({1, 2, 3}, 5, 2), "1 3 3 3 3");         // beyond the end
     EXPECT_EQ(resampled({1, 2, 3}, 0, 0), "1 1 1 1 3");         // nowhere
     EXPECT_EQ(resampled({}, 1, 1), "0 0 0 0 0");
 }

@@ -149,11 +149,11 @@ TEST(File, NamesAndListings) {
     EXPECT_EQ(fileExist("/"), 1);
     EXPECT_EQ(fileExist("/nowhere/a"), 0);
     EXPECT_STREQ(getExtName("none"), "");
-    char directory[] = "a.b\\c\\";
+    char directory[] = "a.b.c\\d\\";
     List list;
     const ConsoleCapture console;
     fileListRecursive(list, directory, "*");
-    EXPECT_STREQ(getExtName(directory), "b/c/");
+    EXPECT_STREQ(getExtName(directory), "c/d/");
     EXPECT_EQ(console.text(), "No files in current directory!\n");
 }
 

@@ -61,6 +61,7 @@ TEST(LinearScaling, AtItsLimits) {
               "2.14748e+09 1 1 2");                          // a length of 0.5 is passed over
     EXPECT_EQ(scaled(plain, {0, 4, 0, 4}, 1, 1, 9).best, 0); // one scale is that of the lower ratio
     EXPECT_EQ(scaled(plain, {}, 4, 1, 9).best, noMatchDistance);
+    EXPECT_EQ(scaled(plain, {1}, 0, 1, 9).best, noMatchDistance);
     EXPECT_EQ(scaled(shifting, {1}, 4, 1, 9).at, 0); // the first of equals
 }
 

@@ -27,7 +27,9 @@ TEST(String, BlanksAndWhiteSpaceDiffer) {
         EXPECT_EQ(str2tokenNum(&c, 1) == 0, "\t\n\v\f\r "s.find(c) < 6) << code;
     }
     EXPECT_EQ(edited("\v\ta c\n\f", stringTrimLeadingTrailingBlank), "a c");
-    EXPECT_EQ(edited("\ta\f \n", [](auto& text) { cutTrailingBlank(text.data()); }), "\ta\f\0\0"s);
+    const auto cutBlanks = [](auto& text) { cutTrailingBlank(text.data()); };
+    EXPECT_EQ(edited("\ta\f \n", cutBlanks), "\ta\f\0\0"s);
+    EXPECT_EQ(edited(" ", cutBlanks), "\0"s);
 }
 
 TEST(String, ReplacementsAreNotSearchedAgain) {

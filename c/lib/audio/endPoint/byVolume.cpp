@@ -5,6 +5,7 @@
 // 5. The last segment that is left goes if it is detached: short, and far after the one before.
 #include "audio/endPoint/detectors.hpp"
 #include "audio/endPoint/endPoint.hpp"
+#include "audio/framing/sampleSource.hpp"
 #include "utility/rounding.hpp"
 
 #include <algorithm>
@@ -12,11 +13,11 @@
 
 namespace wavepitch::endPoint {
 
-Levels volumesAndAshods(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    Levels level = frameVolumes(wave, waveLen, {epdParam.frameSize, epdParam.overlap});
+Levels volumesAndAshods(framing::SampleSource& wave, const EPDPARAM& epdParam) {
+    const FrameLayout frames{epdParam.frameSize, epdParam.overlap};
+    Levels level = frameVolumes(wave, frames);
     Levels ashod(level.size());
-    cAudioEndPoint::wave2ashod(wave, waveLen, epdParam.frameSize, epdParam.overlap, ashod.data(),
-                               epdParam.diffOrder);
+    findAshods(wave, frames, epdParam.diffOrder, ashod.data());
     std::transform(level.begin(), level.end(), ashod.begin(), level.begin(),
                    [](std::int64_t v, std::int64_t h) { return static_cast<int>((v + h) / 2); });
     return level;
@@ -57,29 +58,41 @@ SEGMENT* withoutDetached(SEGMENT* first, SEGMENT* last, int maxSilence, int minF
     return detached ? last - 1 : last;
 }
 
-SEGMENT* segmentsOf(Levels level, int ratio, int fs, const EPDPARAM& epdParam, int* segNum) {
-    *segNum = 0;
-    if (level.empty()) return segmentFind(level.data(), 0, segNum);
+SegmentArray segmentsOf(Levels level, int ratio, int fs, const EPDPARAM& epdParam, int& segNum) {
+    segNum = 0;
+    if (level.empty()) return SegmentArray(segmentFind(level.data(), 0, &segNum));
     const int threshold = wavepitch::endPoint::rangeThreshold(level, ratio);
     for (int& value : level) value = value > threshold ? 1 : 0;
-    SEGMENT* segments = segmentFind(level.data(), static_cast<int>(level.size()), segNum);
-    SEGMENT* last = withoutShort(segments, segments + *segNum, framesIn(epdParam.minSegment, fs, epdParam));
-    last = withoutDetached(segments, last, framesIn(epdParam.maxSilBetweenWord, fs, epdParam),
+    SegmentArray segments(segmentFind(level.data(), static_cast<int>(level.size()), &segNum));
+    SEGMENT* first = segments.get();
+    SEGMENT* last = withoutShort(first, first + segNum, framesIn(epdParam.minSegment, fs, epdParam));
+    last = withoutDetached(first, last, framesIn(epdParam.maxSilBetweenWord, fs, epdParam),
                            framesIn(epdParam.minLastWordDuration, fs, epdParam));
-    *segNum = static_cast<int>(last - segments);
+    segNum = static_cast<int>(last - first);
     return segments;
 }
 
 } // namespace
 
+SegmentArray wavepitch::endPoint::segmentsByVolume(framing::SampleSource& wave, int fs,
+                                                   const EPDPARAM& epdParam, int& segNum) {
+    Levels volume = frameVolumes(wave, {epdParam.frameSize, epdParam.overlap});
+    return segmentsOf(std::move(volume), epdParam.volRatio, fs, epdParam, segNum);
+}
+
+SegmentArray wavepitch::endPoint::segmentsByVolumeAndAshod(framing::SampleSource& wave, int fs,
+                                                           const EPDPARAM& epdParam, int& segNum) {
+    return segmentsOf(volumesAndAshods(wave, epdParam), epdParam.vhRatio, fs, epdParam, segNum);
+}
+
 SEGMENT* cAudioEndPoint::epdByVol(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                   int* segNum) {
-    Levels volume = wavepitch::endPoint::frameVolumes(wave, waveLen, {epdParam.frameSize, epdParam.overlap});
-    return segmentsOf(std::move(volume), epdParam.volRatio, fs, epdParam, segNum);
+    wavepitch::framing::IntSamples samples(wave, waveLen);
+    return wavepitch::endPoint::segmentsByVolume(samples, fs, epdParam, *segNum).release();
 }
 
 SEGMENT* cAudioEndPoint::epdByVolHod(const int* wave, int waveLen, int fs, const EPDPARAM& epdParam,
                                      int* segNum) {
-    Levels level = wavepitch::endPoint::volumesAndAshods(wave, waveLen, epdParam);
-    return segmentsOf(std::move(level), epdParam.vhRatio, fs, epdParam, segNum);
+    wavepitch::framing::IntSamples samples(wave, waveLen);
+    return wavepitch::endPoint::segmentsByVolumeAndAshod(samples, fs, epdParam, *segNum).release();
 }

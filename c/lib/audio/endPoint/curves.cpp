@@ -30,7 +30,8 @@ Curve volumeCurve(const int* wave, int waveLen, const EPDPARAM& epdParam) {
 }
 
 Curve volumeAndAshodCurve(const int* wave, int waveLen, const EPDPARAM& epdParam) {
-    return curveInRange(volumesAndAshods(wave, waveLen, epdParam), epdParam.vhRatio);
+    framing::IntSamples samples(wave, waveLen);
+    return curveInRange(volumesAndAshods(samples, epdParam), epdParam.vhRatio);
 }
 
 Curve twoThresholdCurve(const int* wave, int waveLen) {

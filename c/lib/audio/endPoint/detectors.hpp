@@ -3,6 +3,8 @@
 #pragma once
 
 #include "audio/endPoint/parameters.hpp"
+#include "audio/endPoint/segment.hpp"
+#include "audio/framing/sampleSource.hpp"
 
 #include <cstddef>
 #include <vector>
@@ -24,7 +26,12 @@ inline constexpr FrameLayout handsetFrames{256, 128};
 using Levels = std::vector<int>;
 
 /// The volumes of a recording's whole frames (wave2volume, method 1).
+Levels frameVolumes(framing::SampleSource& wave, FrameLayout frames);
 Levels frameVolumes(const int* wave, int waveLen, FrameLayout frames);
+
+// The features of a recording's whole frames, into an array with room for them.
+void findVolumes(framing::SampleSource& wave, FrameLayout frames, int* volume);
+void findAshods(framing::SampleSource& wave, FrameLayout frames, int order, int* ashod);
 
 /// lowest + (highest - lowest) / ratio, the division truncating toward zero. A ratio of 0 gives the largest
 /// int: the limit that small ratios run to, which no level is above.
@@ -36,11 +43,16 @@ struct Thresholds {
 };
 
 /// Of epdByVolHod: (volume + ASHOD) / 2, truncated.
-Levels volumesAndAshods(const int* wave, int waveLen, const EPDPARAM& epdParam);
+Levels volumesAndAshods(framing::SampleSource& wave, const EPDPARAM& epdParam);
 
 /// Of epdByVol and epdByVolHod, of at least one level: inside their range without about the 32nd part at
 /// either end.
 int rangeThreshold(Levels level, int ratio);
+
+/// The segments of epdByVol and those of epdByVolHod.
+SegmentArray segmentsByVolume(framing::SampleSource& wave, int fs, const EPDPARAM& epdParam, int& segNum);
+SegmentArray segmentsByVolumeAndAshod(framing::SampleSource& wave, int fs, const EPDPARAM& epdParam,
+                                      int& segNum);
 
 /// Of epdByVol2, of at least one volume. Whole numbers.
 Thresholds twoThresholds(const Levels& volume);

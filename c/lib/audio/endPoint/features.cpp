@@ -1,3 +1,4 @@
+#include "audio/endPoint/detectors.hpp"
 #include "audio/endPoint/endPoint.hpp"
 
 #include "audio/endPoint/kernel/frameKernel.hpp"
@@ -50,18 +51,32 @@ int ashodOf(const int* frame, int frameSize, int order, const FrameKernel& kerne
 
 } // namespace
 
+void wavepitch::endPoint::findVolumes(framing::SampleSource& wave, FrameLayout frames, int* volume) {
+    const int frameSize = frames.frameSize;
+    const auto median = utility::intMedian();
+    const auto deviation = frameKernel().deviation;
+    featurePerFrame(wave, frameSize, frames.overlap, volume, [=](const int* frame) {
+        return clampToInt(deviation(frame, static_cast<std::size_t>(frameSize), median(frame, frameSize)));
+    });
+}
+
+void wavepitch::endPoint::findAshods(framing::SampleSource& wave, FrameLayout frames, int order, int* ashod) {
+    const int frameSize = frames.frameSize;
+    if (framing::wholeFrameNum(wave.length(), frameSize, frames.overlap) == 0) return;
+    checkOrder(order);
+    const FrameKernel kernel = frameKernel();
+    featurePerFrame(wave, frameSize, frames.overlap, ashod,
+                    [&](const int* frame) { return ashodOf(frame, frameSize, order, kernel); });
+}
+
 template <typename T>
 void wave2volume(const int* wave, int waveLen, int frameSize, int overlap, T* volume, int method) {
     const auto perFrame = [=](auto feature) {
         featurePerFrame(wave, waveLen, frameSize, overlap, volume, feature);
     };
     if (method == 1) {
-        const auto median = wavepitch::utility::intMedian();
-        const auto deviation = frameKernel().deviation;
-        perFrame([=](const int* frame) {
-            return clampToInt(
-                deviation(frame, static_cast<std::size_t>(frameSize), median(frame, frameSize)));
-        });
+        wavepitch::framing::IntSamples samples(wave, waveLen);
+        wavepitch::endPoint::findVolumes(samples, {frameSize, overlap}, volume);
     } else if (method == 2) {
         perFrame([=](const int* frame) { return energy(frame, frameSize); });
     } else if (method == 3) {
@@ -82,11 +97,8 @@ template int frame2ashod(const int*, int, int);
 
 void cAudioEndPoint::wave2ashod(const int* wave, int waveLen, int frameSize, int overlap, int* ashod,
                                 int order) {
-    if (wavepitch::framing::wholeFrameNum(waveLen, frameSize, overlap) == 0) return;
-    checkOrder(order);
-    const FrameKernel kernel = frameKernel();
-    featurePerFrame(wave, waveLen, frameSize, overlap, ashod,
-                    [&](const int* frame) { return ashodOf(frame, frameSize, order, kernel); });
+    wavepitch::framing::IntSamples samples(wave, waveLen);
+    wavepitch::endPoint::findAshods(samples, {frameSize, overlap}, order, ashod);
 }
 
 void cAudioEndPoint::wave2zcr(const int* wave, int waveLen, int frameSize, int overlap, int* zcr) {

@@ -8,6 +8,7 @@
 #include "audio/pitchTracking/loudest.hpp"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -18,17 +19,23 @@ namespace wavepitch::pitchTracking {
 namespace {
 
 constexpr int framesAtATime = 16;                // in sums of magnitudes
+constexpr int valuesAtATime = 1 << 16;           // of pitch functions, and samples
 constexpr double exactUpTo = 9007199254740992.0; // 2^53
 
 /// The range of the samples.
 struct Range {
-    double low;
-    double high;
+    double low = INT_MAX;
+    double high = INT_MIN;
 
-    explicit Range(const FramedWave& recording) {
-        const auto [least, most] = std::minmax_element(recording.wave, recording.wave + recording.waveLen);
-        low = *least;
-        high = *most;
+    explicit Range(framing::SampleSource& samples) {
+        for (int first = 0; first < samples.length(); first += valuesAtATime) {
+            const int sampleNum = std::min(valuesAtATime, samples.length() - first);
+            const int* wave = samples.read(first, sampleNum);
+            const auto [least, most] = std::minmax_element(wave, wave + sampleNum);
+            low = std::min<double>(low, *least);
+            high = std::max<double>(high, *most);
+            if (valuesAtATime > samples.length() - first) return; // the sum would overflow
+        }
     }
 
     double width() const { return high - low; }
@@ -46,8 +53,8 @@ double largestOf(const FramedWave& recording, int first, int frameNum, int pfLen
 
 /// Of all frames, blocks of them at a time.
 double largestOfAll(const FramedWave& recording, int pfLen) {
-    constexpr int valuesAtATime = 1 << 16;
-    const int block = std::max(1, valuesAtATime / pfLen);
+    const auto perFrame = std::max<std::ptrdiff_t>(recording.step(), pfLen);
+    const auto block = static_cast<int>(std::max<std::ptrdiff_t>(1, valuesAtATime / perFrame));
     std::vector<double> values;
     double largest = 0.0;
     for (int first = 0; first < recording.frameNum; first += block) {
@@ -78,7 +85,7 @@ std::vector<double> amdfBounds(const FramedWave& recording, int pfLen, double mi
     std::vector<double> sumUpTo;
     for (int first = 0; first < recording.frameNum; first += framesAtATime) {
         const int frameNum = std::min(framesAtATime, recording.frameNum - first);
-        const int* samples = recording.wave + first * recording.step();
+        const int* samples = recording.read(first, frameNum);
         sumUpTo.assign(static_cast<std::size_t>((frameNum - 1) * recording.step()) + n + 1, 0.0);
         for (std::size_t j = 0; j + 1 < sumUpTo.size(); ++j)
             sumUpTo[j + 1] = sumUpTo[j] + std::abs(samples[j] - middle);
@@ -110,7 +117,7 @@ double largestAmdf(const FramedWave& recording, int pfLen, double middle) {
 
 double largestMagnitude(const FramedWave& recording, int pfLen) {
     if (pfLen < 1) return 0.0;
-    const Range range(recording);
+    const Range range(recording.samples);
     const double n = recording.frameSize;
     const double step = static_cast<double>(recording.step());
     if (recording.pfType == PF_ACF && n * range.width() * range.width() <= exactUpTo)

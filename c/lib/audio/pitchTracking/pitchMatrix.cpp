@@ -19,14 +19,14 @@ int pfMethodOf(PF_TYPE pfType) {
 
 } // namespace
 
-FramedWave::FramedWave(const int* itsWave, int itsLen, const PTPARAM& ptParam)
-    : wave(itsWave), waveLen(itsLen), frameSize(ptParam.frameSize), overlap(ptParam.overlap),
-      frameNum(framing::wholeFrameNum(itsLen, ptParam.frameSize, ptParam.overlap)), pfType(ptParam.pfType) {}
+FramedWave::FramedWave(framing::SampleSource& itsSamples, const PTPARAM& ptParam)
+    : samples(itsSamples), frameSize(ptParam.frameSize), overlap(ptParam.overlap),
+      frameNum(framing::wholeFrameNum(itsSamples.length(), ptParam.frameSize, ptParam.overlap)),
+      pfType(ptParam.pfType) {}
 
 void FramedWave::pitchFunctions(int first, const PitchMatrix& matrix) const {
-    const std::ptrdiff_t length = matrix.frameNum * step() + overlap; // at most waveLen
-    wave2pfMat(wave + first * step(), static_cast<int>(length), frameSize, overlap, matrix.pfLen, pfType,
-               pfMethodOf(pfType), matrix.values);
+    wave2pfMat(read(first, matrix.frameNum), sampleNum(matrix.frameNum), frameSize, overlap, matrix.pfLen,
+               pfType, pfMethodOf(pfType), matrix.values);
 }
 
 double largestMagnitude(const PitchMatrix& matrix) {

@@ -2,6 +2,7 @@
 // candidates.
 #pragma once
 
+#include "audio/framing/sampleSource.hpp"
 #include "audio/pitchTracking/param.hpp"
 
 #include <cstddef>
@@ -20,16 +21,21 @@ struct PitchMatrix {
 
 /// A recording and its whole frames.
 struct FramedWave {
-    const int* wave;
-    int waveLen;
+    framing::SampleSource& samples;
     int frameSize;
     int overlap;
     int frameNum; ///< wholeFrameNum
     PF_TYPE pfType;
 
-    FramedWave(const int* wave, int waveLen, const PTPARAM& ptParam);
+    FramedWave(framing::SampleSource& samples, const PTPARAM& ptParam);
 
     std::ptrdiff_t step() const { return static_cast<std::ptrdiff_t>(frameSize) - overlap; }
+
+    /// Samples of frames in a row, as many as given, 1 or more, and no more than there are.
+    int sampleNum(int frames) const { return static_cast<int>(frames * step() + overlap); }
+
+    /// Those from a frame on; they stand there until the next call.
+    const int* read(int first, int frames) const { return samples.read(first * step(), sampleNum(frames)); }
 
     /// The pitch functions (wave2pfMat: method 2, the mean, of the AMDF, 1, the sum, of the ACF) of as many
     /// frames as the matrix has, from first on.

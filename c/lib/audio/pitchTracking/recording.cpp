@@ -4,15 +4,16 @@
 // octave errors of single frames find no candidates in the next pass.
 #include "audio/pitchTracking/recording.hpp"
 
+#include "audio/endPoint/detectors.hpp"
 #include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
-#include "audio/framing/wholeFrames.hpp"
+#include "audio/framing/sampleSource.hpp"
 #include "audio/pitchTracking/medianFilter.hpp"
 #include "audio/pitchTracking/param.hpp"
 #include "audio/pitchTracking/postProcess.hpp"
 #include "audio/pitchTracking/soundMask.hpp"
 #include "audio/pitchTracking/tracker.hpp"
-#include "audio/waveform/waveform.hpp"
+#include "audio/waveform/resampling.hpp"
 #include "utility/fatal.hpp"
 #include "utility/rounding.hpp"
 
@@ -20,12 +21,13 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
-#include <utility>
+#include <vector>
 
 #include "mex.h"
 
 namespace {
 
+using wavepitch::framing::SampleSource;
 using wavepitch::pitchTracking::applyMask;
 using wavepitch::pitchTracking::soundMask;
 using wavepitch::pitchTracking::trimmedTenths;
@@ -39,49 +41,51 @@ void checkLength(const char* operation, const std::vector<short>& recording) {
                         recording.size(), INT_MAX, __LINE__, audioSourcePath);
 }
 
-/// Integer samples and what they are.
-struct Samples {
-    std::vector<int> wave;
-    int fs;
-    int nbits;
+/// A recording at another rate, or reduced to 8 bits, or both; converted as it is read.
+class ConvertedSamples final : public SampleSource {
+public:
+    ConvertedSamples(const std::vector<short>& wave, int oldFs, int newFs, int newLen, bool to8Bits)
+        : SampleSource(newLen), resampling{wave.data(), static_cast<int>(wave.size()), oldFs, newFs, newLen},
+          isReduced(to8Bits) {}
 
-    Samples(const std::vector<short>& recording, int rate, int bits)
-        : wave(recording.begin(), recording.end()), fs(rate), nbits(bits) {}
-
-    int length() const { return static_cast<int>(wave.size()); }
-
-    void reduceTo8Bits() {
-        for (int& sample : wave) sample /= 256;
-        nbits = 8;
+    const int* read(std::int64_t first, int sampleNum) override {
+        const auto room = static_cast<std::size_t>(sampleNum);
+        if (stretch.size() < room) stretch.resize(room);
+        if (resampling.oldFs == resampling.newFs)
+            std::copy_n(resampling.wave + first, sampleNum, stretch.begin());
+        else
+            resampling.read(first, sampleNum, stretch.data());
+        if (isReduced)
+            for (std::size_t i = 0; i < room; ++i) stretch[i] /= 256;
+        return stretch.data();
     }
+
+private:
+    wavepitch::waveform::Resampling<short> resampling;
+    bool isReduced;
+    std::vector<int> stretch;
 };
 
-void resample(Samples& samples) {
-    mexPrintf("fs=%d ===> Resample to have fs=%d\n", samples.fs, targetRate);
-    std::vector<int> resampled;
-    if (samples.length() > 0 && samples.fs > 0) {
-        const double length = std::floor((samples.length() - 1.0) * targetRate / samples.fs) + 1.0;
-        if (length > INT_MAX)
-            myExitFormatted("bGetPitch: wave has %d samples at fs=%d, which are %.0f at %d: more than %d "
-                            "(line %d of file %s)",
-                            samples.length(), samples.fs, length, targetRate, INT_MAX, __LINE__,
-                            audioSourcePath);
-        resampled.resize(static_cast<std::size_t>(length));
-        cAudioWaveform::waveResample(samples.wave.data(), samples.length(), samples.fs, targetRate,
-                                     resampled.data(), static_cast<int>(resampled.size()));
-    }
-    samples.wave = std::move(resampled);
-    samples.fs = targetRate;
+/// Samples that cover a recording at the tracker's rate.
+int lengthAtTargetRate(int waveLen, int fs) {
+    if (waveLen < 1 || fs < 1) return 0;
+    const double length = std::floor((waveLen - 1.0) * targetRate / fs) + 1.0;
+    if (length > INT_MAX)
+        myExitFormatted("bGetPitch: wave has %d samples at fs=%d, which are %.0f at %d: more than %d "
+                        "(line %d of file %s)",
+                        waveLen, fs, length, targetRate, INT_MAX, __LINE__, audioSourcePath);
+    return static_cast<int>(length);
 }
 
-Samples preparedForTracking(const std::vector<short>& recording, int fs, int nbits) {
-    Samples samples(recording, fs, nbits);
-    if (samples.fs != targetRate) resample(samples);
-    if (samples.nbits == 16) {
-        mexPrintf("nbits=%d ===> Convert from nbits=16 to 8!\n", samples.nbits);
-        samples.reduceTo8Bits();
+/// Says what is converted.
+ConvertedSamples samplesForTracking(const std::vector<short>& recording, int fs, int nbits) {
+    auto length = static_cast<int>(recording.size());
+    if (fs != targetRate) {
+        mexPrintf("fs=%d ===> Resample to have fs=%d\n", fs, targetRate);
+        length = lengthAtTargetRate(length, fs);
     }
-    return samples;
+    if (nbits == 16) mexPrintf("nbits=%d ===> Convert from nbits=16 to 8!\n", nbits);
+    return {recording, fs, targetRate, length, nbits == 16};
 }
 
 /// Searches around a pitch from now on.
@@ -91,14 +95,14 @@ void centre(PTPARAM& ptParam, double pitch) {
     ptParam.maxPitch = middle + 0.5F * ptParam.pitchRangeMax;
 }
 
-std::vector<bool> soundOf(const Samples& samples, const PTPARAM& ptParam, int frameNum) {
+std::vector<bool> soundOf(SampleSource& samples, const PTPARAM& ptParam, int frameNum) {
     EPDPARAM epdParam;
-    cAudioEndPoint::epdParamSet(samples.fs, epdParam);
+    cAudioEndPoint::epdParamSet(targetRate, epdParam);
     epdParam.volRatio = 16;
     epdParam.volWeight = 1.0F;
     int segNum = 0;
-    const SegmentArray segments(
-        cAudioEndPoint::epdByVolHod(samples.wave.data(), samples.length(), samples.fs, epdParam, &segNum));
+    const SegmentArray segments =
+        wavepitch::endPoint::segmentsByVolumeAndAshod(samples, targetRate, epdParam, segNum);
     return soundMask(segments.get(), segNum, epdParam, ptParam, frameNum);
 }
 
@@ -106,17 +110,17 @@ std::vector<bool> soundOf(const Samples& samples, const PTPARAM& ptParam, int fr
 
 bool cAudioRecording::bGetPitch(const std::vector<short>& wave, int*& out, int& outLen, int fs, int nbits) {
     checkLength("bGetPitch", wave);
-    const Samples samples = preparedForTracking(wave, fs, nbits);
+    ConvertedSamples samples = samplesForTracking(wave, fs, nbits);
     PTPARAM ptParam;
-    cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
+    cAudioPitchParam::ptParamSet(&ptParam, targetRate, nbits == 16 ? 8 : nbits, PF_ACF, nullptr);
     ptParam.pfWeight = 1.0F;
     ptParam.indexDiffWeight = 200.0F;
-    std::vector<double> pitch =
-        wavepitch::framing::valuePerFrame<double>(samples.length(), ptParam.frameSize, ptParam.overlap);
-    const auto frameNum = static_cast<int>(pitch.size());
+    wavepitch::pitchTracking::TrackedWave recording(samples, ptParam);
+    const int frameNum = recording.framed().frameNum;
+    std::vector<double> pitch(static_cast<std::size_t>(frameNum));
     const auto track = [&] {
-        return ptByDpOverPfOnce(samples.wave.data(), samples.length(), ptParam, pitch.data(), nullptr,
-                                nullptr, nullptr);
+        return wavepitch::pitchTracking::track(recording, ptParam, pitch.data(), nullptr, nullptr, nullptr,
+                                               wavepitch::pitchTracking::framesInCache(ptParam.pfLen));
     };
 
     centre(ptParam, getPitchMedian(pitch.data(), track()));
@@ -134,15 +138,15 @@ bool cAudioRecording::bGetPitch(const std::vector<short>& wave, int*& out, int& 
 
 bool cAudioRecording::isWaveSilence(const std::vector<short>& wave, int fs, int nbits, int volTh) {
     checkLength("isWaveSilence", wave);
-    Samples samples(wave, fs, nbits);
-    if (samples.fs == targetRate && samples.nbits == 16) samples.reduceTo8Bits();
+    const bool to8Bits = fs == targetRate && nbits == 16;
+    ConvertedSamples samples(wave, fs, fs, static_cast<int>(wave.size()), to8Bits);
+    if (to8Bits) nbits = 8;
     PTPARAM ptParam;
-    cAudioPitchParam::ptParamSet(&ptParam, samples.fs, samples.nbits, PF_ACF, nullptr);
-    std::vector<int> volume =
-        wavepitch::framing::valuePerFrame<int>(samples.length(), ptParam.frameSize, ptParam.overlap);
+    cAudioPitchParam::ptParamSet(&ptParam, fs, nbits, PF_ACF, nullptr);
+    const wavepitch::endPoint::Levels volume =
+        wavepitch::endPoint::frameVolumes(samples, {ptParam.frameSize, ptParam.overlap});
     if (volume.empty()) return false;
-    wave2volume(samples.wave.data(), samples.length(), ptParam.frameSize, ptParam.overlap, volume.data(), 1);
     const double threshold =
-        std::ldexp(ptParam.frameSize * 0.00390625 * volTh, clampToInt(std::int64_t{samples.nbits} - 8));
+        std::ldexp(ptParam.frameSize * 0.00390625 * volTh, clampToInt(std::int64_t{nbits} - 8));
     return threshold > *std::max_element(volume.begin(), volume.end());
 }

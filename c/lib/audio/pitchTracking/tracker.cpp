@@ -11,6 +11,7 @@
 //   cut             of zeros at both ends, by cutLeadingTrailingZero
 #include "audio/pitchTracking/tracker.hpp"
 
+#include "audio/endPoint/detectors.hpp"
 #include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
 #include "audio/pitchTracking/candidatePicker.hpp"
@@ -46,11 +47,11 @@ struct Results {
 /// The stages up to the path.
 class Melody {
 public:
-    Melody(const FramedWave& itsRecording, const PTPARAM& itsParam, const Results& itsResults)
-        : recording(itsRecording), ptParam(itsParam), results(itsResults), pfLen(std::max(itsParam.pfLen, 0)),
-          candidates(itsParam), path(itsParam, [this](int frame, int lag, std::optional<double> ratio) {
-              choose(frame, lag, ratio);
-          }) {}
+    Melody(TrackedWave& itsWave, const PTPARAM& itsParam, const Results& itsResults)
+        : wave(itsWave), recording(itsWave.framed()), ptParam(itsParam), results(itsResults),
+          pfLen(std::max(itsParam.pfLen, 0)), candidates(itsParam),
+          path(itsParam,
+               [this](int frame, int lag, std::optional<double> ratio) { choose(frame, lag, ratio); }) {}
 
     /// Sets pitch, bestIndex and clarity of all frames, and the matrix.
     void find(int framesAtATime) {
@@ -58,7 +59,7 @@ public:
         const bool isWhole = results.pfMat || framesAtATime >= frameNum;
         PitchMatrix block = matrix(results.pfMat, isWhole ? frameNum : framesAtATime);
         if (isWhole) recording.pitchFunctions(0, block);
-        largest = isWhole ? largestMagnitude(block) : largestMagnitude(recording, pfLen);
+        largest = isWhole ? largestMagnitude(block) : wave.largestMagnitude();
         for (int first = 0; first < frameNum; first += framesAtATime) {
             PitchMatrix part = block;
             part.frameNum = std::min(framesAtATime, frameNum - first);
@@ -115,6 +116,7 @@ private:
         return single[0] == 0.0 ? 0.0 : single[static_cast<std::size_t>(lag)] / single[0];
     }
 
+    TrackedWave& wave;
     const FramedWave& recording;
     const PTPARAM& ptParam;
     const Results& results;
@@ -132,15 +134,11 @@ void setSearchedLags(PTPARAM& ptParam) {
     ptParam.maxIndex = std::min(range.last, std::max(ptParam.pfLen, 0) - 1);
 }
 
-void volumeGate(const int* wave, int waveLen, const PTPARAM& ptParam, int frameNum, double* pitch) {
-    EPDPARAM epdParam;
-    cAudioEndPoint::epdParamSet(ptParam.fs, epdParam);
-    int segNum = 0;
-    const SegmentArray segments(cAudioEndPoint::epdByVol(wave, waveLen, ptParam.fs, epdParam, &segNum));
-    if (segNum == 0)
-        mexPrintf("Warning: Cannot find any segment after epdByVol! (line %d of file %s)", __LINE__,
-                  audioSourcePath);
-    applyMask(soundMask(segments.get(), segNum, epdParam, ptParam, frameNum), pitch);
+void volumeGate(TrackedWave& wave, double* pitch) {
+    if (wave.sound()) return applyMask(*wave.sound(), pitch);
+    mexPrintf("Warning: Cannot find any segment after epdByVol! (line %d of file %s)", __LINE__,
+              audioSourcePath);
+    std::fill_n(pitch, wave.framed().frameNum, 0.0);
 }
 
 void clarityGate(const PTPARAM& ptParam, const double* clarity, int frameNum, double* pitch) {
@@ -159,7 +157,27 @@ int cutZeros(double* pitch, int n) {
     return last + 1 - first;
 }
 
-/// So many that a block's matrix and candidates stay in the processor's cache; full vectors of frames.
+} // namespace
+
+TrackedWave::TrackedWave(framing::SampleSource& samples, const PTPARAM& ptParam)
+    : param(ptParam), frames(samples, ptParam) {}
+
+double TrackedWave::largestMagnitude() {
+    if (!magnitude) magnitude = wavepitch::pitchTracking::largestMagnitude(frames, param.pfLen);
+    return *magnitude;
+}
+
+const std::optional<std::vector<bool>>& TrackedWave::sound() {
+    if (isSoundKnown) return mask;
+    EPDPARAM epdParam;
+    cAudioEndPoint::epdParamSet(param.fs, epdParam);
+    int segNum = 0;
+    const SegmentArray segments = endPoint::segmentsByVolume(frames.samples, param.fs, epdParam, segNum);
+    if (segNum > 0) mask = soundMask(segments.get(), segNum, epdParam, param, frames.frameNum);
+    isSoundKnown = true;
+    return mask;
+}
+
 int framesInCache(int pfLen) {
     constexpr int values = 1 << 15;
     constexpr int lanes = 16;
@@ -167,13 +185,10 @@ int framesInCache(int pfLen) {
     return frames < lanes ? std::max(frames, 1) : frames - frames % lanes;
 }
 
-} // namespace
-
-int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
+int track(TrackedWave& recording, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
           int* bestIndexOut, int framesAtATime) {
     setSearchedLags(ptParam);
-    const FramedWave recording(wave, waveLen, ptParam);
-    const int frameNum = recording.frameNum;
+    const int frameNum = recording.framed().frameNum;
     if (frameNum == 0) return 0;
     std::fill_n(pitch, frameNum, 0.0);
     if (bestIndexOut) std::fill_n(bestIndexOut, frameNum, -1);
@@ -182,10 +197,17 @@ int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double*
     if (!clarity) clarity = ownClarity.data();
     Melody(recording, ptParam, {pitch, clarity, pfMat, bestIndexOut, clarityWanted}).find(framesAtATime);
 
-    if (ptParam.useVolThreshold != 0) volumeGate(wave, waveLen, ptParam, frameNum, pitch);
+    if (ptParam.useVolThreshold != 0) volumeGate(recording, pitch);
     if (ptParam.useClarityThreshold != 0) clarityGate(ptParam, clarity, frameNum, pitch);
     if (ptParam.medianFilterOrder >= 3) medianFilter(pitch, frameNum, ptParam.medianFilterOrder);
     return ptParam.cutLeadingTrailingZero != 0 ? cutZeros(pitch, frameNum) : frameNum;
+}
+
+int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
+          int* bestIndexOut, int framesAtATime) {
+    framing::IntSamples samples(wave, waveLen);
+    TrackedWave recording(samples, ptParam);
+    return track(recording, ptParam, pitch, clarity, pfMat, bestIndexOut, framesAtATime);
 }
 
 } // namespace wavepitch::pitchTracking

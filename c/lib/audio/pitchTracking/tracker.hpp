@@ -2,6 +2,10 @@
 #pragma once
 
 #include "audio/pitchTracking/param.hpp"
+#include "audio/pitchTracking/pitchMatrix.hpp"
+
+#include <optional>
+#include <vector>
 
 /// Tracks the pitch of a recording in one pass. The stages stand in tracker.cpp.
 ///
@@ -42,7 +46,37 @@ int ptByDpOverPfOnce<double, int>(const int* wave, int waveLen, PTPARAM& ptParam
 
 namespace wavepitch::pitchTracking {
 
-/// The same with as many frames at a time as given, 1 or more; the results do not depend on it.
+/// A recording and its frames, with what runs of the tracker over it have in common, whatever range of pitch
+/// they search: found by the first of them.
+class TrackedWave {
+public:
+    /// The samples must outlive it.
+    ///
+    /// @param ptParam  frameSize, overlap, pfLen, pfType and fs are those of every run.
+    TrackedWave(framing::SampleSource& samples, const PTPARAM& ptParam);
+
+    const FramedWave& framed() const { return frames; }
+    /// In the pitch functions of all frames.
+    double largestMagnitude();
+    /// The frames inside the sound that cAudio::epdByVol finds; none where it finds no segment.
+    const std::optional<std::vector<bool>>& sound();
+
+private:
+    PTPARAM param;
+    FramedWave frames;
+    std::optional<double> magnitude;
+    bool isSoundKnown = false;
+    std::optional<std::vector<bool>> mask;
+};
+
+/// Frames that the tracker takes at a time: so many that a block's matrix and candidates stay in the
+/// processor's cache; full vectors of frames.
+int framesInCache(int pfLen);
+
+/// The same as ptByDpOverPfOnce with as many frames at a time as given, 1 or more; the results do not depend
+/// on it.
+int track(TrackedWave& recording, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
+          int* bestIndexOut, int framesAtATime);
 int track(const int* wave, int waveLen, PTPARAM& ptParam, double* pitch, double* clarity, double* pfMat,
           int* bestIndexOut, int framesAtATime);
 

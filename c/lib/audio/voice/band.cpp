@@ -10,6 +10,11 @@ namespace {
 
 constexpr std::size_t cubic = 4; // samples that one is interpolated from
 
+// Reach of the filters at each side, in periods of their cutoff: the low-pass falls from 3/4 to 5/4 of the
+// band's top, the high-pass from twice the lowest frequency on.
+constexpr double lowReach = 4;
+constexpr double slowReach = 0.96;
+
 std::size_t slowStep(double rate, double lowestFreq) {
     return static_cast<std::size_t>(std::clamp(rate / (16 * lowestFreq), 1.0, 8.0));
 }
@@ -40,9 +45,9 @@ std::int64_t floorOf(std::int64_t a, std::int64_t b) {
 BandFilter::BandFilter(const Source& recording, const Layout& layout, double lowestFreq)
     : source(recording), decimation(layout.decimation),
       low(lowPass(layout.bandTop / (layout.rate * static_cast<double>(layout.decimation)),
-                  tapsFor(4 / layout.bandTop, layout.rate) * layout.decimation),
+                  tapsFor(lowReach / layout.bandTop, layout.rate) * layout.decimation),
           layout.decimation),
-      slowPart(lowPass(lowestFreq / layout.rate, tapsFor(0.96 / lowestFreq, layout.rate)),
+      slowPart(lowPass(lowestFreq / layout.rate, tapsFor(slowReach / lowestFreq, layout.rate)),
                slowStep(layout.rate, lowestFreq)),
       cubics(cubicWeights(slowPart.step())) {}
 
@@ -96,8 +101,7 @@ Band::Band(BandFilter filterToUse, const Layout& layout, std::size_t most) : fil
     const auto margin = static_cast<std::int64_t>(layout.span() + 3 * layout.maxLag());
     const std::int64_t end = layout.waveLen / decimation + margin;
     keptFrom = -margin;
-    const auto num = static_cast<std::size_t>(end - keptFrom);
-    if (num > most) return;
+    const std::size_t num = std::min(static_cast<std::size_t>(end - keptFrom), most);
     kept.resize(num);
     for (std::size_t i = 0; i < num; i += pieceLen)
         filter.run(keptFrom + static_cast<std::int64_t>(i), std::min(pieceLen, num - i), kept.data() + i);

@@ -11,9 +11,9 @@ namespace wavepitch::voice {
 
 /// Forms the band signal piece by piece:
 ///   low-pass   to the band's top, decimated
-///   high-pass  the signal less its part below the lowest frequency. That part is slow: its low-pass is
-///   formed
-///              at every few samples, and between them it is interpolated by cubics.
+///   high-pass  the signal less its part below the lowest frequency. That part is slow: it is formed at
+///              every few samples, and interpolated between them by cubics.
+///
 /// Beyond the recording the signal fades out as the filters do, then it is 0.
 class BandFilter {
 public:
@@ -37,7 +37,8 @@ private:
 /// Pieces of the band signal, read over and over.
 class Band {
 public:
-    /// @param most  samples that are kept; a longer band signal is formed anew whenever it is read.
+    /// @param most  samples that are kept, the first ones; those behind are formed anew whenever they are
+    /// read.
     Band(BandFilter filterToUse, const Layout& layout, std::size_t most);
 
     /// The num samples from first on, until the next call.
@@ -46,7 +47,7 @@ public:
 private:
     BandFilter filter;
     std::int64_t keptFrom;
-    std::vector<float> kept; // all that frames ask for, or nothing
+    std::vector<float> kept; // as much as may be of all that frames ask for
     std::vector<float> piece;
 };
 

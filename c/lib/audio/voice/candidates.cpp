@@ -8,6 +8,10 @@ namespace wavepitch::voice {
 
 namespace {
 
+/// What the running sums of energies may be wrong by when the loudest sound leaves them: windows between two
+/// frames may be louder than any frame's.
+constexpr double leastFloor = 1e-12;
+
 /// What decides between candidates when there is no room for all: strength, a tenth less for each octave, as
 /// a period's multiples are as strong as it is.
 float rank(float lag, float strength) {
@@ -79,8 +83,8 @@ private:
         const float before = at(row - 1, f);
         const float here = at(row, f);
         const float behind = at(row + 1, f);
-        // A maximum is above the value before it, so the parabola is curved.
-        const float shift = 0.5F * (behind - before) / (2 * here - before - behind);
+        // In this order of terms the curvature is above 0, as the first of them is.
+        const float shift = 0.5F * (behind - before) / ((here - before) + (here - behind));
         const float lag = static_cast<float>(layout.minLag + row) + shift;
         add(frame, lag, here + 0.25F * (behind - before) * shift);
     }
@@ -101,8 +105,8 @@ std::vector<VOICECANDIDATES> findCandidates(Band& band, const Layout& layout, co
                                             const VOICEPARAM& param, float* correlation) {
     std::vector<VOICECANDIDATES> all(layout.frameNum);
     const double level = std::pow(10.0, param.silenceLevel / 10);
-    Group group(layout, static_cast<double>(layout.windowLen) * character.loudPower * level,
-                param.candidateThreshold);
+    const double floor = static_cast<double>(layout.windowLen) * character.loudPower * level;
+    Group group(layout, std::max(floor, leastFloor), param.candidateThreshold);
     const std::size_t frames = layout.framesOfPiece();
     for (std::size_t piece = 0; piece < layout.frameNum; piece += frames) {
         const std::size_t last = std::min(piece + frames, layout.frameNum) - 1;

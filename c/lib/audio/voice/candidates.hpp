@@ -5,7 +5,8 @@
 
 namespace wavepitch::voice {
 
-/// The local maxima of each frame's normalised correlation around its instant, the highest voiceCandidateMax.
+/// The local maxima of each frame's normalised correlation around its instant, at most voiceCandidateMax.
+/// Of more, the strongest stay, with a little less for long lags, as multiples of a period are as strong.
 /// Lag and height are those of the parabola through a maximum and its neighbours.
 ///
 /// Sources: Y. Medan, E. Yair, D. Chazan, "Super resolution pitch determination of speech signals", IEEE

@@ -1,29 +1,21 @@
 #include "audio/voice/character.hpp"
 
+#include "audio/voice/sum.hpp"
+
 #include <algorithm>
-#include <array>
 
 namespace wavepitch::voice {
 
 namespace {
 
 constexpr double fundamentalTop = 250; // Hz; the fundamentals of speech lie below, a telephone's band above
-constexpr std::size_t lowStep = 8;     // of 1000 samples a second, enough for the energy of that part
-constexpr std::size_t parts = 8; // of a sum, side by side: its order does not depend on the instruction set
+constexpr std::size_t lowStep = 8;     // one of so many samples is enough for the energy of that part
 
 double energy(const float* x, std::size_t num) {
-    std::array<double, parts> sums{};
-    const std::size_t whole = num - num % parts;
-    for (std::size_t i = 0; i < whole; i += parts)
-        for (std::size_t k = 0; k < parts; ++k) {
-            const double value = static_cast<double>(x[i + k]);
-            sums[k] += value * value;
-        }
-    for (std::size_t i = whole; i < num; ++i)
-        sums[i - whole] += static_cast<double>(x[i]) * static_cast<double>(x[i]);
-    double sum = 0;
-    for (const double part : sums) sum += part;
-    return sum;
+    return sumOf(num, [x](std::size_t i) {
+        const auto value = static_cast<double>(x[i]);
+        return value * value;
+    });
 }
 
 /// The 90 % point of the powers within 30 dB of the largest.

@@ -25,8 +25,7 @@ public:
     std::size_t reach() const { return taps.size() - 1; }
     std::size_t step() const { return phases.size(); }
 
-    /// @param read   called as read(first, step, num, out): hands out num samples, from first on and step
-    /// apart.
+    /// @param read   called as read(first, step, num, out): hands out num samples from first on, step apart.
     ///               Nothing is read before centre - reach(), nor from centre + num * step() + reach() on.
     /// @param centre the sample in the centre of the first output.
     /// @param num    of outputs.

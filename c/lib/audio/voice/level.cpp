@@ -1,5 +1,7 @@
 #include "audio/voice/level.hpp"
 
+#include "audio/voice/sum.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -7,8 +9,6 @@
 namespace wavepitch::voice {
 
 namespace {
-
-constexpr std::size_t parts = 8; // of a sum, side by side: its order does not depend on the instruction set
 
 /// The power of two that brings a size from 2^-1074 on below 1, to 0.5 at least where it can be held.
 double scaleFor(double size) {
@@ -19,13 +19,7 @@ double scaleFor(double size) {
 
 template <typename Sample>
 double meanOf(const Sample* wave, std::size_t waveLen, double scale) {
-    std::array<double, parts> sums{};
-    const std::size_t whole = waveLen - waveLen % parts;
-    for (std::size_t i = 0; i < whole; i += parts)
-        for (std::size_t k = 0; k < parts; ++k) sums[k] += static_cast<double>(wave[i + k]) * scale;
-    for (std::size_t i = whole; i < waveLen; ++i) sums[i - whole] += static_cast<double>(wave[i]) * scale;
-    double sum = 0;
-    for (const double part : sums) sum += part;
+    const double sum = sumOf(waveLen, [&](std::size_t i) { return static_cast<double>(wave[i]) * scale; });
     return sum / static_cast<double>(waveLen);
 }
 
@@ -37,6 +31,7 @@ struct Extremes {
 
 template <typename Sample>
 Extremes<Sample> extremesOf(const Sample* wave, std::size_t waveLen) {
+    constexpr std::size_t parts = 8; // side by side
     std::array<Sample, parts> low;
     std::array<Sample, parts> high;
     low.fill(wave[0]);

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int leastBandRate = 8000; // Hz; enough for the harmonics of any voice
+constexpr double window = 0.012;    // seconds that are correlated: short, so that onsets are followed
 
 double lagRate(int fs) {
     return static_cast<double>(fs) / std::max(1, fs / leastBandRate);
@@ -25,9 +26,7 @@ const char* voiceParamFault(const VOICEPARAM& param) {
     if (!isWithin(param.minFreq, 20, most)) return "minFreq must be 20 Hz or more";
     if (!(param.maxFreq > param.minFreq)) return "maxFreq must be above minFreq";
     if (!isWithin(param.maxFreq, 0, lagRate(param.fs) / 4))
-        return "maxFreq must be at most a quarter of the sample rate, and at most 2000 Hz at whole multiples "
-               "of "
-               "8000 Hz";
+        return "maxFreq must be at most fs / max (1, floor (fs / 8000)) / 4";
     if (!isWithin(param.frameRate, 1, 1000)) return "frameRate must be 1 to 1000 frames per second";
     if (!isWithin(param.voicingThreshold, 0, 1)) return "voicingThreshold must be 0 to 1";
     if (!isWithin(param.candidateThreshold, 0, 1)) return "candidateThreshold must be 0 to 1";
@@ -46,12 +45,13 @@ VOICESIZES voiceSizes(int waveLen, const VOICEPARAM& param) {
 
 wavepitch::voice::Layout::Layout(int waveLength, const VOICEPARAM& param)
     : decimation(static_cast<std::size_t>(std::max(1, param.fs / leastBandRate))), rate(lagRate(param.fs)),
-      frameRate(param.frameRate), windowLen(static_cast<std::size_t>(std::lround(0.012 * rate))),
+      frameRate(param.frameRate), windowLen(static_cast<std::size_t>(std::lround(window * rate))),
       minLag(static_cast<std::size_t>(std::floor(rate / param.maxFreq)) - 1),
       lagNum(static_cast<std::size_t>(std::ceil(rate / param.minFreq)) + 2 - minLag),
       bandTop(std::min(2.5 * param.maxFreq, rate / 2)), waveLen(waveLength) {
     if (waveLength > 0) {
-        const double last = (waveLength - 1) / static_cast<double>(param.fs) * frameRate;
-        frameNum = static_cast<std::size_t>(std::floor(last)) + 1;
+        // Divided last: whole quotients are exact.
+        const double last = (waveLength - 1) * frameRate / param.fs;
+        frameNum = static_cast<std::size_t>(last) + 1;
     }
 }

@@ -11,6 +11,12 @@ namespace {
 // The window reaches two periods to each side, for high voices a time in which noise averages out.
 constexpr double periodsAside = 2;
 constexpr double leastAside = 0.004; // seconds
+constexpr double mostChange = 0.2;   // of the frequency, in a step
+
+/// Samples at each side, not whole, that the window for a frequency reaches.
+double asideOf(double freq, double rate) {
+    return std::max(periodsAside / freq, leastAside) * rate;
+}
 
 Powers powersOf(double angle) {
     const double re = std::cos(angle);
@@ -36,18 +42,16 @@ double sumOfParts(const float* lanes, std::size_t parts) {
 
 } // namespace
 
-// A step may lower the frequency by a fifth, which makes the window longer.
 Refinement::Refinement(const Layout& layout)
-    : rate(layout.rate), bandTop(layout.bandTop),
-      work(4 *
-           (static_cast<std::size_t>(periodsAside * static_cast<double>(layout.maxLag()) / 0.8) /
-                harmonicLanes +
-            2) *
-           harmonicLanes),
-      kernel(harmonicSums()) {}
+    : rate(layout.rate), bandTop(layout.bandTop), kernel(harmonicSums()) {
+    // The first step may lower the frequency, which makes the window longer.
+    const double lowest = (1 - mostChange) * rate / static_cast<double>(layout.maxLag());
+    const auto most = static_cast<std::size_t>(asideOf(lowest, rate));
+    work.resize(4 * (most / harmonicLanes + 1) * harmonicLanes);
+}
 
 double Refinement::step(const float* centre, double freq, std::size_t harmonics) {
-    const double aside = std::max(periodsAside / freq, leastAside) * rate;
+    const double aside = asideOf(freq, rate);
     const Powers fundamental = powersOf(2 * std::numbers::pi * freq / rate);
     const Powers window = powersOf(std::numbers::pi / aside);
     HarmonicSums sums;
@@ -77,7 +81,7 @@ double Refinement::step(const float* centre, double freq, std::size_t harmonics)
         numbers += magnitude * static_cast<double>(q);
     }
     const double change = numbers > 0 ? frequencies / numbers : 1;
-    return std::abs(change - 1) <= 0.2 ? freq * change : freq;
+    return std::abs(change - 1) <= mostChange ? freq * change : freq;
 }
 
 double Refinement::refined(const float* centre, double freq) {

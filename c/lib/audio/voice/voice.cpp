@@ -49,7 +49,7 @@ int wave2f0(const Sample* wave, int waveLen, const VOICEPARAM& param, double* f0
     if (const char* fault = voiceParamFault(param)) myExitFormatted("wave2f0: %s", fault);
     const Layout layout(waveLen, param);
     if (layout.frameNum == 0) return 0;
-    constexpr std::size_t most = std::size_t{1} << 24U; // samples of the band signal that are kept, 64 MB
+    constexpr std::size_t most = std::size_t{1} << 24U; // of the band signal's samples that are kept, 64 MB
     track(Source(wave, static_cast<std::size_t>(waveLen)), layout, param, most,
           {f0, strength, correlation, candidates});
     return static_cast<int>(layout.frameNum);

@@ -7,8 +7,8 @@
 /// Owned by the caller, without pointers. The defaults are those to work with; what may be given instead
 /// stands with each field. All levels are relative to the recording.
 struct VOICEPARAM {
-    int fs =
-        16000; ///< sample rate, Hz: 4000 to 192000; below 8000, voices above 400 Hz are found less surely
+    int fs = 16000; ///< sample rate, Hz: 4000 to 192000; below 8000, voices above 400 Hz are found less
+                    ///< surely
 
     double minFreq = 60;  ///< lowest frequency searched, Hz: 20 or more
     double maxFreq = 800; ///< highest frequency searched, Hz: above minFreq, and at most a quarter of lagRate
@@ -39,7 +39,7 @@ struct VOICECANDIDATES {
 
 /// What the results of a recording measure.
 struct VOICESIZES {
-    int frameNum;   ///< frames: one at each multiple of 1 / frameRate seconds before the recording's end
+    int frameNum;   ///< frames: one at each multiple of 1 / frameRate seconds up to the last sample
     int lagNum;     ///< rows of the correlation matrix
     int minLag;     ///< lag of its first row, in samples at lagRate
     double lagRate; ///< fs by the whole number fs / 8000, rounded down, at least 1: samples per second
@@ -63,10 +63,9 @@ VOICESIZES voiceSizes(int waveLen, const VOICEPARAM& param);
 ///                     recording times any factor has the same pitch.
 /// @param waveLen      samples of the recording: below 1, nothing is written.
 /// @param param        parameters; one with a fault is fatal path A with "wave2f0: " and the fault's text.
-/// @param f0           receives the frequency of each frame in Hz, 0 where it is unvoiced. It is the
-/// frequency
-///                     at the frame's instant, i / frameRate seconds from the first sample. It may lie a
-///                     little outside the range that is searched.
+/// @param f0           receives the frequency of each frame in Hz at its instant, i / frameRate seconds from
+///                     the first sample; 0 where it is unvoiced. It may lie a little outside the range that
+///                     is searched.
 /// @param strength     receives the strength of each frame's pitch, the correlation of the signal with itself
 ///                     one period later, 0 to 1; 0 where it is unvoiced. May be null.
 /// @param correlation  receives the correlation, lagNum values for each frame: column = frame, row = lag,
@@ -76,8 +75,9 @@ VOICESIZES voiceSizes(int waveLen, const VOICEPARAM& param);
 ///
 /// Silence, a constant, and a recording with a sample that is not a finite number have no pitch: all results
 /// are 0. The time grows with the length; beyond the samples and the results it takes about 90 bytes for each
-/// frame, and at most 64 MB for the part of the recording that it keeps filtered (longer recordings, from
-/// about 35 minutes on, are filtered three times instead). Every instruction set gives the same results.
+/// frame, and at most 64 MB for the part of the recording that it keeps filtered (what lies behind, from 17
+/// to 35 minutes on, is filtered three times instead). Every instruction set of the kernels gives the same
+/// results.
 ///
 /// Instances: double, int.
 template <typename Sample>
