@@ -2,6 +2,7 @@
 
 #include "arrays.hpp"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <map>
@@ -85,9 +86,9 @@ RawFormat rawFormat(const std::string& text) {
 Recording readRecording(const std::string& path, const RawFormat& raw) {
     refuseWhatIsNoFile(path);
     SndfileHandle file = opened(path, raw);
-    if (file.error() || file.channels() < 1) refuse(std::string("not readable as audio: ") + file.strError());
+    if (file.error()) refuse(std::string("not readable as audio: ") + file.strError());
     std::vector<double> samples = readToEnd(file);
-    const auto channels = static_cast<size_t>(file.channels());
+    const auto channels = static_cast<size_t>(std::max(1, file.channels()));
     const size_t length = samples.size() / channels;
     if (file.error()) refuse(std::string("damaged audio: ") + file.strError());
     if (hasLostItsEnd(file) || (tellsItsLength(file) && length < static_cast<size_t>(file.frames())))

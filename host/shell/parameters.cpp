@@ -42,6 +42,10 @@ mxArray arrayOf(const std::string& value) {
     return {1, count, std::move(values)};
 }
 
+[[noreturn]] void refuseGap(const Function& function, const std::string& missing, const std::string& given) {
+    throw std::runtime_error(function.name + ": " + missing + "=VALUE is wanted before " + given);
+}
+
 std::string namesOf(const Function& function) {
     std::string names;
     for (const std::string& input : function.inputs)
@@ -76,8 +80,7 @@ std::vector<mxArray> inputsOf(const Function& function, const Parameters& parame
         const bool isRecordings = wave && (input == "wave" || function.isRate(input));
         if (isRecordings && given)
             throw std::runtime_error(function.name + ": " + input + " comes from the recording");
-        if (given && !missing.empty())
-            throw std::runtime_error(function.name + ": " + missing + "=VALUE is wanted before " + input);
+        if (given && !missing.empty()) refuseGap(function, missing, input);
         if (isRecordings)
             result.push_back(input == "wave" ? *wave : scalar(rate));
         else if (given)
@@ -93,8 +96,7 @@ std::vector<mxArray> inputsOf(const Function& function, const Parameters& parame
         if (!function.options)
             throw std::runtime_error(function.name + ": nothing is named \"" + name + "\"; there are " +
                                      namesOf(function));
-        if (!missing.empty())
-            throw std::runtime_error(function.name + ": " + missing + "=VALUE is wanted before " + name);
+        if (!missing.empty()) refuseGap(function, missing, name);
         result.push_back(characters(name));
         result.push_back(value);
     }
