@@ -25,5 +25,5 @@ function varargout = pitch2wave (varargin)
 end
 
 %!test
-%! wave = pitch2wave ([69; 0], 2, 8800);
-%! assert (wave, [0.8 * sin(2 * pi * (0:4399)' / 20); zeros(4400, 1)], 1e-9);
+%! wave = pitch2wave ([69; 0], 2, 8800, 0.75);
+%! assert (wave, [0.8 * sin(2 * pi * (0:4399)' / 20); zeros(2200, 1)], 1e-9);

@@ -23,13 +23,14 @@ function varargout = ptParam (varargin)
   [varargout{:}] = wavepitchLibrary ("ptParam", varargin{:});
 end
 
-%!test  # every field that a file can have
+%!test  # every field, those between that a file can have
 %! names = fieldnames (ptParam (8000))(4:22);
-%! values = num2cell ([300, 10, 100, 11, 40, 70, 21, 6, 19, 2, 3, 4, 5, 7, 12, 13, 0.5, 8, 14])';
+%! values = [300, 10, 100, 11, 40, 70, 21, 6, 19, 2, 3, 4, 5, 7, 12, 13, 0.5, 8, 14];
 %! file = [tempname() ".prm"];
 %! fid = fopen (file, "w");
-%! fprintf (fid, "%s=%g\n", [names, values]'{:});
+%! fprintf (fid, "%s=%g\n", [names, num2cell(values)']'{:});
 %! fclose (fid);
 %! param = ptParam (8000, 16, 1, file);
 %! delete (file);
-%! assert (struct2cell (param)(4:22), values);
+%! assert (cell2mat (struct2cell (param))', [8000, 16, 1, values, 20, 1280, 0, 0, 27, 0, 0, 1]);
+%!assert (ptParam (8000, 8, "amdf").useClarityWeight, 0)

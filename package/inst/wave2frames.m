@@ -25,6 +25,6 @@ function varargout = wave2frames (varargin)
 end
 
 %!test
-%! [frames, time] = wave2frames (1:7, 100, "frameSize", 4, "overlap", 2);
-%! assert (frames, [1 3; 2 4; 3 5; 4 6]);
-%! assert (time, [0.02, 0.04]);
+%! [frames, time] = wave2frames (1:7, 100, "frameSize", 3, "overlap", 1);
+%! assert (frames, [1 3 5; 2 4 6; 3 5 7]);
+%! assert (time, [0.015, 0.035, 0.055], eps);

@@ -71,12 +71,10 @@ end
 
 %!shared fs, wave
 %! fs = 16000;
-%! silence = zeros (1, fs / 2);
-%! wave = [silence, pitch2wave([57 * ones(1, 50), 64 * ones(1, 50)], 100, fs), silence];
-%!test  # the melody that was synthesised is found again
+%! wave = pitch2wave ([zeros(1, 5), 57 * ones(1, 10), zeros(1, 5)], 10, fs);
+%!test  # what was synthesised is found again, and can be cut out
 %! [pitch, time, clarity, pfMat] = wave2pitch (wave, fs);
-%! assert (abs (pitch(time > 0.6 & time < 0.9) - 57) < 0.5);
-%! assert (abs (pitch(time > 1.1 & time < 1.4) - 64) < 0.5);
+%! assert (abs (pitch(time > 0.6 & time < 1.4) - 57) < 0.5);
 %! assert (wave2pitch (wave, fs, "unit", "hz"), pitch2freq (pitch));
 %! voiced = find (pitch)(1):find (pitch)(end);
 %! [cut{1:4}] = wave2pitch (wave, fs, "cutLeadingTrailingZero", true);
@@ -97,4 +95,5 @@ end
 %!test  # a rate stays with frames of any size
 %! [~, ~, ~, ~, param] = wave2pitch (wave, fs, "frameRate", 100, "frameSize", 500);
 %! assert ([param.frameSize, param.overlap, param.frameRate, param.pfLen], [500, 340, 100, 250]);
+%! assert (param.minIndex < param.maxIndex);
 %!error <wave2pitch: FS = 31 makes PFLEN = 1, which must be from 2> wave2pitch ([0 0], 31)

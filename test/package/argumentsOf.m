@@ -2,7 +2,7 @@
 function arguments = argumentsOf (call, named)
   options = [fieldnames(call.options), struct2cell(call.options)]';
   arguments = [struct2cell(call.inputs); options(:)]';
-  for i = 1:numel (arguments)
-    arguments{i} = hostValue (arguments{i}, named);
+  for i = find (strncmp (arguments, "$", 1))
+    arguments{i} = named.(arguments{i}(2:end));
   end
 end

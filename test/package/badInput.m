@@ -49,7 +49,7 @@ function call = withValue (call, parameter, value)
 end
 
 function message = messageOf (command, arguments, outputs = 1)
-  message = "";
+  message = "none";
   results = cell (1, outputs);
   try
     evalc ("[results{:}] = feval (command, arguments{:});");
@@ -63,6 +63,13 @@ function assertRefused (what, message, command, pattern)
   assert (refused, "%s: '%s' is not '%s'", what, message, pattern);
 end
 
+function assertAnswers (call, parameter, values, named, pattern)
+  for value = values'
+    message = messageOf (call.command, argumentsOf (withValue (call, parameter, value{1}), named));
+    assert (! isempty (regexp (message, pattern)), "%s, %s = %s: '%s'", call.name, parameter, disp (value{1}), message);
+  end
+end
+
 lists = argv (){end};
 calls = jsondecode (fileread (fullfile (lists, "calls.json")));
 bad = jsondecode (fileread (fullfile (lists, "badCalls.json")));
@@ -70,16 +77,10 @@ named = hostValues ();
 
 for row = bad.parameters'
   call = calls(strcmp ({calls.name}, row.call));
-  for value = [badValues(bad.kinds, row.kind); asList(row.refused)]'
-    what = [row.call ", " row.parameter " = " disp(value{1})];
-    message = messageOf (call.command, argumentsOf (withValue (call, row.parameter, value{1}), named));
-    assertRefused (what, message, call.command, [".*\\<" toupper(row.parameter) "\\>"]);
-  end
-  for value = asList (row.accepted)'
-    what = [row.call ", " row.parameter " = " disp(value{1})];
-    message = messageOf (call.command, argumentsOf (withValue (call, row.parameter, value{1}), named));
-    assert (isempty (message), "%s: '%s'", what, message);
-  end
+  refused = [badValues(bad.kinds, row.kind); asList(row.refused)];
+  pattern = ["^" call.command ": .*\\<" toupper(row.parameter) "\\>"];
+  assertAnswers (call, row.parameter, refused, named, pattern);
+  assertAnswers (call, row.parameter, asList (row.accepted), named, "^none$");
 end
 
 for call = calls'  % the numbers of inputs and outputs

@@ -6,19 +6,6 @@ target_link_libraries(libraryReference PRIVATE
   wavepitch::audio wavepitch::standIn wavepitchWarnings ${SNDFILE})
 target_compile_definitions(libraryReference PRIVATE WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 
-# The module with a choice of its kernels' version.
-if(MKOCTFILE)
-  add_library(chosenKernels MODULE
-    $<TARGET_OBJECTS:wavepitchLibraryRenamed>
-    ${PROJECT_SOURCE_DIR}/host/octave/entry.cpp package/chosenKernels.cpp support/kernelVersion.cpp)
-  set_source_files_properties(${PROJECT_SOURCE_DIR}/host/octave/entry.cpp PROPERTIES
-    COMPILE_DEFINITIONS moduleFunction=chosenFunction)
-  target_include_directories(chosenKernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-  target_link_libraries(chosenKernels PRIVATE octaveHost)
-  set_target_properties(chosenKernels PROPERTIES OUTPUT_NAME wavepitchLibrary SUFFIX .mex)
-  wavepitchSharedModule(chosenKernels ${CMAKE_CURRENT_BINARY_DIR}/octave)
-endif()
-
 set(here ${CMAKE_CURRENT_SOURCE_DIR}/package)
 function(packageTest name)
   if(NOT OCTAVE_CLI OR NOT MKOCTFILE)
@@ -36,9 +23,8 @@ endfunction()
 set(fromBuild --path ${PROJECT_SOURCE_DIR}/package/inst --path ${PROJECT_BINARY_DIR}/octave/wavepitchLibrary)
 packageTest(badInputTest ${fromBuild} ${here}/badInput.m ${here})
 packageTest(picturesTest ${fromBuild} ${here}/pictures.m)
-packageTest(sameBitsTest --path ${PROJECT_SOURCE_DIR}/package/inst --path ${CMAKE_CURRENT_BINARY_DIR}/octave
-  ${here}/sameBits.m $<TARGET_FILE:libraryReference> ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/package/inst
-  ${here})
+packageTest(sameBitsTest ${fromBuild} ${here}/sameBits.m
+  $<TARGET_FILE:libraryReference> ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/package/inst ${here})
 packageTest(galleryTest ${fromBuild} ${PROJECT_SOURCE_DIR}/examples/gallery/gallery.m
   ${PROJECT_BINARY_DIR}/gallery)
 

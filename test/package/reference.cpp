@@ -7,7 +7,6 @@
 #include "support/recording.hpp"
 #include "support/vectors.hpp"
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -49,20 +48,10 @@ Doubles row(Values... values) {
     return {static_cast<double>(values)...};
 }
 
-Doubles fields(const PTPARAM& p) {
-    return row(p.fs, p.nbits, p.pfType, p.frameSize, p.overlap, p.pfLen, p.ppcNum, p.minPitch, p.maxPitch,
-               p.pitchRangeMax, p.pitchDiffMax, p.maxMedianPitchDiff, p.dpMethod, p.dpPosDiffOrder,
-               p.dpUseLocalOptim, p.pfWeight, p.indexDiffWeight, p.useVolThreshold, p.useClarityThreshold,
-               p.clarityRatio, p.medianFilterOrder, p.cutLeadingTrailingZero, p.maxAmdfLocalMinCount,
-               p.minAmdfRange, p.halfOfFs, p.halfOfNbits, p.frameRate, p.minIndex, p.maxIndex,
-               p.useClarityWeight);
-}
-
 void pitch() {
     for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
         PTPARAM param{};
         cAudio::ptParamSet(&param, fs, 16, type, nullptr);
-        give(type == PF_ACF ? "ptParam" : "ptParam AMDF", 1, fields(param));
         if (type == PF_AMDF) {
             param.minPitch = 45;
             param.medianFilterOrder = 3;
@@ -78,7 +67,6 @@ void pitch() {
         give(call, 1, semitones);
         give(call, 3, clarity);
         give(call, 4, pfMat);
-        give(call, 5, fields(param));
     }
     Doubles pfMat = zeros(100 * frameNum);
     wave2pfMat<double, double>(unit.data(), waveLen, frameSize, overlap, 100, PF_ACF, 3, pfMat.data());
@@ -117,10 +105,8 @@ void endPoints() {
     int count = 0;
     const SegmentArray segments(cAudio::epdByVolHod(samples.data(), waveLen, fs, param, &count));
     Ints ends;
-    std::for_each_n(segments.get(), count,
-                    [&](const SEGMENT& s) { ends.push_back(s.begin * param.frameSize + 1); });
-    std::for_each_n(segments.get(), count,
-                    [&](const SEGMENT& s) { ends.push_back((s.end + 1) * param.frameSize); });
+    for (int i = 0; i < count; ++i) ends.push_back(segments.get()[i].begin * param.frameSize + 1);
+    for (int i = 0; i < count; ++i) ends.push_back((segments.get()[i].end + 1) * param.frameSize);
     give("endPoints volumeHod", 1, ends);
 }
 
@@ -132,16 +118,6 @@ void features() {
     give("wave2zcr", 1, values);
     cAudio::wave2ashod(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
     give("wave2ashod", 1, values);
-    Doubles times;
-    Doubles frames;
-    for (int first = 0; first + frameSize <= waveLen; first += frameSize - overlap) {
-        times.push_back((first + frameSize / 2.0) / fs);
-        frames.insert(frames.end(), &unit[static_cast<std::size_t>(first)],
-                      &unit[static_cast<std::size_t>(first)] + frameSize);
-    }
-    give("wave2frames", 1, frames);
-    give("wave2frames", 2, times);
-    give("waveVolumeCheck", 1, row(cAudio::waveVolumeCheck(samples.data(), waveLen, nullptr)));
 }
 
 void spectra() {
@@ -150,56 +126,6 @@ void spectra() {
     give("absSpectrogram", 1, magnitude);
     const int cut = cAudio::uvCut(samples.data(), waveLen, frameSize, overlap);
     give("uvCut", 1, row(cut * (frameSize - overlap) + 1));
-}
-
-void waveforms() {
-    const Doubles b{1, -0.95};
-    const Doubles a{1, 0.5, 0.2};
-    Doubles filtered = unit;
-    cAudio::filter(b.data(), 2, a.data(), 3, filtered.data(), waveLen);
-    give("waveFilter", 1, filtered);
-    Doubles echo = unit;
-    cAudio::waveEcho(unit.data(), waveLen, fs, 0.1, 0.5, echo.data());
-    give("waveEcho", 1, echo);
-    Ints resampled(static_cast<std::size_t>((waveLen - 1L) * 5000 / fs + 1));
-    cAudio::waveResample(samples.data(), waveLen, fs, 5000, resampled.data(), lengthOf(resampled));
-    give("waveResample", 1, resampled);
-}
-
-void sounds() {
-    const Doubles pitch{60, 0, 67};
-    const Doubles duration{0.3, 0.1, 0.25};
-    const Doubles notes{60, 0.3, 0, 0.1, 67, 0.25};
-    Doubles wave = zeros(4800);
-    cAudio::pitch2wave(pitch.data(), 3, 4, 8000, wave.data(), 4800);
-    give("pitch2wave", 1, wave);
-    wave = zeros(5200);
-    cAudio::note2wave(pitch.data(), 3, duration.data(), 8000, wave.data(), 5200);
-    give("note2wave", 1, wave);
-    Doubles pv = zeros(16);
-    cAudio::note2pv(notes.data(), 6, 0.04, pv.data(), 16);
-    give("note2pv", 1, pv);
-    give("pitch2freq", 1, row(cAudio::pitch2freq(70.5F)));
-    give("freq2pitch", 1, row(cAudio::freq2pitch(441.5F)));
-}
-
-void matching() {
-    const Doubles query{1, 3, 2, 5};
-    const Doubles song{7, 8, 9, 9, 8, 8, 11, 11};
-    Doubles distances = zeros(9);
-    Doubles scaled = zeros(8);
-    int best = 0;
-    double shift = 0;
-    const double least =
-        linearScaling(query.data(), 4, song.data(), 8, 0.8, 1.6, 9, 2, distances.data(), scaled.data(), best);
-    give("linearScaling", 1, row(least));
-    give("linearScaling", 3, distances);
-    give("lrShiftDist", 1, row(lrShiftDist(query.data(), 4, song.data(), 8, 2, shift, best)));
-    Doubles sets{1, 3, 5, 6, 2, 4, 0, 1, 0, 5, 0, 0};
-    Ints chosen(2);
-    Doubles coverage(2);
-    setCover(sets.data(), 4, 3, 2, chosen.data(), coverage.data());
-    give("setCover", 2, coverage);
 }
 
 } // namespace
@@ -212,7 +138,4 @@ int main(int, char** argv) {
     endPoints();
     features();
     spectra();
-    waveforms();
-    sounds();
-    matching();
 }
