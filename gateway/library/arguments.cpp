@@ -80,13 +80,13 @@ bool allFinite(std::span<const double> values) {
 }
 
 /// Samples from -1 to 1, times fullScale, rounded as myRound does and kept below fullScale.
-template <typename T>
-void roundSamples(std::span<const T> samples, int fullScale, int* out) {
+template <typename T, typename Sample>
+void roundSamples(std::span<const T> samples, int fullScale, Sample* out) {
     const double most = fullScale - 0.5;
     for (const T sample : samples) {
         const double scaled = static_cast<double>(sample) * fullScale;
         const double rounded = scaled + std::copysign(0.5, scaled);
-        *out++ = static_cast<int>(rounded < most ? rounded : most);
+        *out++ = static_cast<Sample>(rounded < most ? rounded : most);
     }
 }
 
@@ -274,14 +274,15 @@ void Argument::refuseSamples() const {
            " is " + textOf(*loud));
 }
 
-std::vector<int> Argument::samples(int nbits) const {
+template <typename Sample>
+std::vector<Sample> Argument::samplesAs(int nbits) const {
     requireSampleClass();
     requireOneChannel();
     const size_t count = rows() * columns();
     if (count == 0) refuse(vectorRule);
     if (count > static_cast<size_t>(mostInt))
         refuse("of at most " + std::to_string(mostInt) + " samples; it has " + std::to_string(count));
-    std::vector<int> result(count);
+    std::vector<Sample> result(count);
     const auto read = [&]<typename T>(const T* sample) {
         if constexpr (std::is_floating_point_v<T>) {
             const std::span<const T> recording(sample, count);
@@ -290,11 +291,19 @@ std::vector<int> Argument::samples(int nbits) const {
         } else {
             const double offset = std::is_signed_v<T> ? 0 : 128;
             const double scale = std::exp2(nbits - bits());
-            for (size_t i = 0; i < count; ++i) result[i] = static_cast<int>((sample[i] - offset) * scale);
+            for (size_t i = 0; i < count; ++i) result[i] = static_cast<Sample>((sample[i] - offset) * scale);
         }
     };
     withElements(array, read);
     return result;
+}
+
+std::vector<int> Argument::samples(int nbits) const {
+    return samplesAs<int>(nbits);
+}
+
+std::vector<short> Argument::shortSamples(int nbits) const {
+    return samplesAs<short>(nbits);
 }
 
 Numbers Argument::unitSamples() const {

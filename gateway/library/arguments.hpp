@@ -100,6 +100,8 @@ public:
     /// an integer class of B bits, unsigned 8 bits around 128, holds the samples themselves, which are
     /// divided by 2^(B - nbits) and truncated toward zero, or multiplied.
     std::vector<int> samples(int nbits) const;
+    /// The same for the operations that take recordings as shorts.
+    std::vector<short> shortSamples(int nbits) const;
     /// The integer samples of an integer class in their own scale; of any other class as samples does.
     std::vector<int> ownSamples(int nbits) const;
 
@@ -122,6 +124,8 @@ private:
     void requireOneChannel() const;
     void requireSampleClass() const;
     Numbers finiteElements(const char* rule) const;
+    template <typename Sample>
+    std::vector<Sample> samplesAs(int nbits) const;
     [[noreturn]] void refuseSamples() const;
 
     const char* command;

@@ -4,6 +4,7 @@
 #include "arguments.hpp"
 
 #include <limits>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ struct Command {
     const char* usage;
     void (*run)(Call& call);
 };
+
+/// The module's commands. Usage reads "[OUTPUT, ...] = NAME (INPUT, ...)", where the inputs "name, value,
+/// ..." stand for name-value pairs.
+std::span<const Command> commands();
 
 inline constexpr int anyNumber = std::numeric_limits<int>::max();
 

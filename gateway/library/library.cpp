@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr Command commands[] = {
+constexpr Command table[] = {
     // name, least and most inputs, most outputs, usage, function
     {"wave2pfMat", 6, 6, 1, "pfMat = wave2pfMat (wave, frameSize, overlap, pfLen, pfType, pfMethod)",
      wave2pfMatCommand},
@@ -55,13 +55,17 @@ constexpr Command commands[] = {
 const Command& commandOf(int nrhs, const mxArray* prhs[]) {
     if (nrhs < 1) refuse(mexFunctionName(), "the name of a command is wanted");
     const std::string name = Argument(mexFunctionName(), "COMMAND", prhs[0]).text();
-    const auto* const command = std::find_if(std::begin(commands), std::end(commands),
-                                             [&](const Command& c) { return name == c.name; });
-    if (command == std::end(commands)) refuse(mexFunctionName(), "no command is named \"" + name + "\"");
+    const auto* const command =
+        std::find_if(std::begin(table), std::end(table), [&](const Command& c) { return name == c.name; });
+    if (command == std::end(table)) refuse(mexFunctionName(), "no command is named \"" + name + "\"");
     return *command;
 }
 
 } // namespace
+
+std::span<const Command> commands() {
+    return table;
+}
 
 void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
     const Command& command = commandOf(nrhs, prhs);

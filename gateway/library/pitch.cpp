@@ -53,14 +53,6 @@ mxArray* pfMatOf(const Call& call, const Track& track) {
     return part;
 }
 
-/// The samples of the 16-bit entries.
-std::vector<short> shortSamples(const Argument& input, int nbits) {
-    const std::vector<int> samples = input.samples(nbits);
-    std::vector<short> wave(samples.size());
-    std::transform(samples.begin(), samples.end(), wave.begin(), [](int x) { return static_cast<short>(x); });
-    return wave;
-}
-
 int readNbits(const Call& call, const Argument& wave) {
     return call.has(2) ? call.input(2, "NBITS").bitDepth() : wave.sampleBits();
 }
@@ -91,7 +83,7 @@ void wave2pvCommand(Call& call) {
     const Argument input = call.input(0, "WAVE");
     const int fs = call.input(1, "FS").whole(1);
     const int nbits = readNbits(call, input);
-    const std::vector<short> wave = shortSamples(input, nbits);
+    const std::vector<short> wave = input.shortSamples(nbits);
     if (static_cast<double>(wave.size()) * 8000 / fs > mostInt - 1)
         call.refuse("FS is too low for this WAVE");
     int* values = nullptr;
@@ -106,7 +98,7 @@ void isWaveSilenceCommand(Call& call) {
     const int fs = call.input(1, "FS").whole(1);
     const int nbits = readNbits(call, input);
     const int volTh = call.has(3) ? call.input(3, "VOLTH").whole(0) : 256;
-    call.give(0, scalar(cAudio::isWaveSilence(shortSamples(input, nbits), fs, nbits, volTh) ? 1 : 0));
+    call.give(0, scalar(cAudio::isWaveSilence(input.shortSamples(nbits), fs, nbits, volTh) ? 1 : 0));
 }
 
 void ptParamCommand(Call& call) {

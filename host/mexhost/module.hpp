@@ -1,22 +1,10 @@
-// A module in the process, and the call of its entry point.
+// A module out of a file.
 #pragma once
 
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "standIn.hpp"
+#include "call.hpp"
 
-struct Module {
-    std::string name; // the file's stem: what mexFunctionName answers
-    standIn::EntryPoint entry;
-};
-
-/// Loads a module for the rest of the process. A file that is none is a std::runtime_error.
+/// Loads a module for the rest of the process, under the file's stem as its name. A file that is none is a
+/// std::runtime_error.
 Module loadModule(const std::string& path);
-
-/// Calls the module as standIn::call does, and turns every exception that leaves it, its own fatal errors
-/// included, into a std::runtime_error with the text for the user. An output that was asked for and not set
-/// is an error too.
-std::vector<std::unique_ptr<mxArray>> callModule(const Module& module, int outputCount,
-                                                 const std::vector<mxArray>& inputs);

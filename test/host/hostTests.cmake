@@ -11,6 +11,18 @@ target_compile_definitions(mexhostTest PRIVATE
   MEXHOST_LIBRARY="$<TARGET_FILE:wavepitchLibrary>")
 add_dependencies(mexhostTest mexhost probe wave2pfMat wavepitchLibrary)
 
+add_executable(shellTest host/shell.cpp)   # of the library it sees what a user sees
+target_link_libraries(shellTest PRIVATE GTest::gtest_main ${SNDFILE} wavepitchWarnings)
+add_test(NAME shellTest COMMAND shellTest)
+target_compile_definitions(shellTest PRIVATE
+  WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
+  WAVEPITCH_FOLDER="$<TARGET_FILE_DIR:wavepitch>"
+  WAVEPITCH_PACKAGE="${PROJECT_SOURCE_DIR}/package")
+add_dependencies(shellTest wavepitch)
+
+add_test(NAME hostSymbols COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/host/hostSymbols ${PROJECT_SOURCE_DIR}/host/mex.h
+  $<TARGET_FILE:wave2pfMat> $<TARGET_FILE:wavepitchLibrary>)
+
 # The module in GNU Octave, against the same module in mexhost.
 find_program(OCTAVE_CLI octave-cli)
 if(OCTAVE_CLI AND MKOCTFILE)

@@ -96,7 +96,8 @@ TEST(LargestMagnitude, IsThatOfTheWholeMatrix) {
         Ints wave;
         for (const double sample : randomDoubles(random, 200, 1, 100 + unsigned(round)))
             wave.push_back((static_cast<int>(sample) - 100) * (1 + lengthOf(wave) / 20 % 3));
-        const wavepitch::pitchTracking::FramedWave recording(wave.data(), lengthOf(wave), p);
+        wavepitch::framing::IntSamples samples(wave.data(), lengthOf(wave));
+        const wavepitch::pitchTracking::FramedWave recording(samples, p);
         Doubles values(size_t(recording.frameNum) * 18);
         recording.pitchFunctions(0, {values.data(), recording.frameNum, 18});
         EXPECT_EQ(largestMagnitude(recording, 18), *std::max_element(values.begin(), values.end())) << round;

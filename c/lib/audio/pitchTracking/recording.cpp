@@ -41,28 +41,49 @@ void checkLength(const char* operation, const std::vector<short>& recording) {
                         recording.size(), INT_MAX, __LINE__, audioSourcePath);
 }
 
-/// A recording at another rate, or reduced to 8 bits, or both; converted as it is read.
+/// A recording at another rate, or reduced to 8 bits, or both; converted as it is read. The operation reads
+/// it about ten times, so what fits in a fixed room is resampled but once.
 class ConvertedSamples final : public SampleSource {
 public:
     ConvertedSamples(const std::vector<short>& wave, int oldFs, int newFs, int newLen, bool to8Bits)
         : SampleSource(newLen), resampling{wave.data(), static_cast<int>(wave.size()), oldFs, newFs, newLen},
-          isReduced(to8Bits) {}
+          isReduced(to8Bits), held(wave.data()), heldLen(newLen) {
+        if (oldFs != newFs) resampleOnce();
+    }
 
     const int* read(std::int64_t first, int sampleNum) override {
         const auto room = static_cast<std::size_t>(sampleNum);
         if (stretch.size() < room) stretch.resize(room);
-        if (resampling.oldFs == resampling.newFs)
-            std::copy_n(resampling.wave + first, sampleNum, stretch.begin());
+        if (first + sampleNum <= heldLen)
+            std::copy_n(held + first, sampleNum, stretch.begin());
         else
-            resampling.read(first, sampleNum, stretch.data());
+            resampling.read(static_cast<int>(first), sampleNum, stretch.data());
         if (isReduced)
             for (std::size_t i = 0; i < room; ++i) stretch[i] /= 256;
         return stretch.data();
     }
 
 private:
+    void resampleOnce() {
+        constexpr int most = 1 << 26; // two hours at the tracker's rate
+        constexpr int atATime = 1 << 12;
+        heldLen = std::min(length(), most);
+        resampled.resize(static_cast<std::size_t>(heldLen));
+        held = resampled.data();
+        stretch.resize(atATime);
+        for (int first = 0; first < heldLen; first += atATime) {
+            const int sampleNum = std::min(atATime, heldLen - first);
+            resampling.read(first, sampleNum, stretch.data());
+            std::transform(stretch.begin(), stretch.begin() + sampleNum, resampled.begin() + first,
+                           [](int sample) { return static_cast<short>(sample); });
+        }
+    }
+
     wavepitch::waveform::Resampling<short> resampling;
     bool isReduced;
+    std::vector<short> resampled; // the front of the recording
+    const short* held;            // samples that need no resampling any more
+    int heldLen;
     std::vector<int> stretch;
 };
 

@@ -21,9 +21,9 @@ public:
     ///                depth are taken as they are.
     /// @return        true.
     ///
-    /// A recording of more samples than int can count, here or at 8000 Hz, is fatal path A. Memory: 4 bytes
-    /// for each sample and for each at 8000 Hz while the rate is converted, then the latter and what the
-    /// tracker takes; for an hour at 16 kHz 350 MB, at 8 kHz 120 MB.
+    /// A recording of more samples than int can count, here or at 8000 Hz, is fatal path A. Memory: where the
+    /// rate is converted, 2 bytes for each sample at 8000 Hz, but at most 134 MB (2.3 hours; what lies behind
+    /// is resampled whenever it is read); and what the tracker takes. 62 MB for an hour at 16 kHz, 5 MB at 8.
     static bool bGetPitch(const std::vector<short>& wave, int*& out, int& outLen, int fs, int nbits);
 
     /// Whether even the loudest frame of a recording stays below a volume threshold (wave2volume, method 1,
@@ -35,6 +35,6 @@ public:
     /// @param volTh  the threshold in 1/256 of a step of an 8-bit sample, for each sample of a frame.
     /// @return       true for a silent recording; false where there is no whole frame.
     ///
-    /// A recording of more samples than int can count is fatal path A. Memory: 4 bytes for each sample.
+    /// A recording of more samples than int can count is fatal path A. Memory: 4 bytes for each frame.
     static bool isWaveSilence(const std::vector<short>& wave, int fs, int nbits, int volTh);
 };

@@ -26,7 +26,7 @@ constexpr const char* signedPalette = // blue below zero, red above
 struct Scale {
     double first;
     double step;
-    const char* label;
+    std::string label;
 
     double at(double index) const { return first + index * step; }
 };
@@ -42,6 +42,7 @@ Scale columnScale(const Axes& axes) {
 }
 
 Scale rowScale(const Axes& axes) {
+    if (axes.rowStep > 0) return {axes.rowFirst, axes.rowStep, axes.rowLabel};
     if (!axes.lags) return {1, 1, "Row"};
     if (axes.rate > 0) return {0, 1000 / axes.rate, "Lag (ms)"};
     return {0, 1, "Lag (samples)"};
@@ -61,6 +62,15 @@ double colourLimit(const std::vector<double>& values) {
     const auto limit = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() * 99 / 100);
     std::nth_element(magnitudes.begin(), limit, magnitudes.end());
     return *limit > 0 ? *limit : 1;
+}
+
+constexpr const char* beginColour = "#2ca02c";
+constexpr const char* endColour = "#d62728";
+
+/// An upright line through the graph.
+void drawUpright(Gnuplot& plot, double x, const char* colour) {
+    plot.line("set arrow from first %.17g, graph 0 to first %.17g, graph 1 nohead front lw 1.5 lc rgb '%s'",
+              x, x, colour);
 }
 
 /// The waveform as a curve of at most two points, least and greatest, for each of its buckets.
@@ -86,10 +96,20 @@ void drawWave(Gnuplot& plot, const mxArray& wave, double rate) {
               "lw 1 notitle",
               points.size() / 2);
     plot.data(points);
+    plot.line("unset arrow");
 }
 
-void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y,
-               const std::string& label) {
+/// Magnitudes in dB, those that are 80 below the loudest and less as that.
+void toDecibels(std::vector<double>& magnitudes) {
+    double loudest = std::numeric_limits<double>::lowest();
+    for (double& value : magnitudes) {
+        value = 20 * std::log10(std::max(value, std::numeric_limits<double>::min()));
+        loudest = std::max(loudest, value);
+    }
+    for (double& value : magnitudes) value = std::max(value, loudest - 80);
+}
+
+void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y, const Axes& axes) {
     const size_t columns = std::min(output.columns, mostColumns);
     const size_t rows = std::min(output.rows, mostRows);
     std::vector<double> pixels;
@@ -100,19 +120,29 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
             pixels.push_back(finiteOrBlank(output.data[from]));
             bothSigns = bothSigns || pixels.back() < 0;
         }
+    if (axes.decibels) toDecibels(pixels);
     const double limit = colourLimit(pixels);
     const double dx = x.step * static_cast<double>(output.columns) / static_cast<double>(columns);
     const double dy = y.step * static_cast<double>(output.rows) / static_cast<double>(rows);
     plot.line("%s", bothSigns ? signedPalette : palette);
-    plot.line("set cbrange [%.17g:%.17g]; set cblabel %s", bothSigns ? -limit : 0, limit,
-              Gnuplot::quoted(label).c_str());
+    if (axes.decibels)
+        plot.line("set autoscale cb");
+    else
+        plot.line("set cbrange [%.17g:%.17g]", bothSigns ? -limit : 0, limit);
+    plot.line("set cblabel %s", Gnuplot::quoted(axes.label).c_str());
     plot.line("set colorbox user origin graph 1.02,0 size graph 0.017,1 noinvert");
     plot.line("set yrange [%.17g:%.17g]", y.at(-0.5), y.at(static_cast<double>(output.rows) - 0.5));
-    plot.line("set ylabel '%s'", y.label);
+    plot.line("set ylabel '%s'", y.label.c_str());
     plot.line("plot '-' binary array=(%zu,%zu) origin=(%.17g,%.17g) dx=%.17g dy=%.17g format='%%double' "
-              "with image notitle",
-              columns, rows, x.at(-0.5) + dx / 2, y.at(-0.5) + dy / 2, dx, dy);
+              "with image notitle%s",
+              columns, rows, x.at(-0.5) + dx / 2, y.at(-0.5) + dy / 2, dx, dy,
+              axes.over.empty() ? "" : ", \\");
+    if (!axes.over.empty())
+        plot.line("'-' binary record=(%zu) format='%%double%%double' using 1:2 with points pt 7 ps 0.4 "
+                  "lc rgb '#ff3030' notitle",
+                  axes.over.size() / 2);
     plot.data(pixels);
+    plot.data(axes.over);
 }
 
 void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axes) {
@@ -122,6 +152,13 @@ void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axe
     for (size_t i = 0; i < output.data.size(); ++i) {
         points.insert(points.end(), {along.at(static_cast<double>(i)), finiteOrBlank(output.data[i])});
         if (std::isfinite(output.data[i])) finite.push_back(output.data[i]);
+    }
+    for (const double level : axes.levels) {
+        if (!std::isfinite(level)) continue;
+        finite.push_back(level);
+        plot.line(
+            "set arrow from graph 0, first %.17g to graph 1, first %.17g nohead dt 2 lw 1.5 lc rgb '%s'",
+            level, level, endColour);
     }
     if (finite.empty()) finite.push_back(0);
     const auto [least, greatest] = std::minmax_element(finite.begin(), finite.end());
@@ -148,13 +185,14 @@ void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool sha
     const double length = static_cast<double>(std::max<size_t>(1, column ? output.rows : output.columns));
     if (!sharedTimeAxis || downRows)
         plot.line("set xrange [%.17g:%.17g]", across.at(-0.5), across.at(length - 0.5));
-    plot.line("set xlabel '%s'", across.label);
+    if (axes.cut >= 0) drawUpright(plot, axes.cut, "#ffffff");
+    plot.line("set xlabel '%s'", across.label.c_str());
     if (output.data.empty())
         drawNothing(plot, output);
     else if (output.rows == 1 || column)
         drawLine(plot, output, across, axes);
     else
-        drawImage(plot, output, x, y, axes.label);
+        drawImage(plot, output, x, y, axes);
 }
 
 } // namespace
@@ -176,6 +214,8 @@ void drawPicture(const std::string& path, const std::string& title, const mxArra
             plot.line("set format x ''");
         else
             plot.line("set xlabel '%s'", axes.rate > 0 ? "Time (s)" : "Time (samples)");
+        for (size_t i = 0; i < axes.marks.size(); ++i)
+            drawUpright(plot, axes.marks[i], i % 2 == 0 ? beginColour : endColour);
         drawWave(plot, *wave, axes.rate);
         plot.line("unset format");
     }

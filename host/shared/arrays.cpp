@@ -1,26 +1,17 @@
 #include "arrays.hpp"
 
+#include "audio.hpp"
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sndfile.hh>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace {
-
-constexpr sf_count_t blockFrames = 1 << 14;
-
-/// A matrix from its rows, one after the other.
-mxArray fromRows(const std::vector<double>& values, size_t rows, size_t columns) {
-    mxArray array{rows, columns, std::vector<double>(values.size())};
-    for (size_t row = 0; row < rows; ++row)
-        for (size_t column = 0; column < columns; ++column)
-            array.data[column * rows + row] = values[row * columns + column];
-    return array;
-}
 
 const char* skipBlanks(const char* text) {
     while (std::isspace(static_cast<unsigned char>(*text))) ++text;
@@ -49,6 +40,30 @@ bool readRow(const std::string& line, std::vector<double>& values) {
     throw std::runtime_error(path + ", line " + std::to_string(number) + ": " + rule);
 }
 
+bool isWord(const std::string& text) {
+    return std::isalpha(static_cast<unsigned char>(text.front())) != 0 &&
+           std::all_of(text.begin(), text.end(),
+                       [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
+}
+
+bool isQuoted(const std::string& text) {
+    return text.size() >= 2 && text.front() == '\'' && text.back() == '\'';
+}
+
+} // namespace
+
+mxArray characters(const std::string& text) {
+    return {text.empty() ? 0U : 1U, text.size(), {}, mxCHAR_CLASS, text};
+}
+
+mxArray fromRows(const std::vector<double>& values, size_t rows, size_t columns) {
+    mxArray array{rows, columns, std::vector<double>(values.size())};
+    for (size_t row = 0; row < rows; ++row)
+        for (size_t column = 0; column < columns; ++column)
+            array.data[column * rows + row] = values[row * columns + column];
+    return array;
+}
+
 mxArray readTable(const std::string& path) {
     std::ifstream file(path);
     if (!file) throw std::runtime_error(path + ": cannot be opened");
@@ -72,38 +87,6 @@ mxArray readTable(const std::string& path) {
     return fromRows(values, rows, columns);
 }
 
-Input readAudio(const std::string& path) {
-    SndfileHandle file(path);
-    if (file.error())
-        throw std::runtime_error(
-            path + ": not a number, not a table (.csv, .txt), not readable as audio: " + file.strError());
-    // Read to the end in blocks: the length that a damaged header claims is not to be trusted.
-    const auto channels = static_cast<size_t>(file.channels());
-    std::vector<double> block(static_cast<size_t>(blockFrames) * channels);
-    std::vector<double> samples;
-    for (sf_count_t frames; (frames = file.readf(block.data(), blockFrames)) > 0;)
-        samples.insert(samples.end(), block.begin(),
-                       block.begin() + static_cast<std::ptrdiff_t>(static_cast<size_t>(frames) * channels));
-    if (file.error()) throw std::runtime_error(path + ": damaged audio: " + file.strError());
-    return {fromRows(samples, samples.size() / channels, channels), static_cast<double>(file.samplerate())};
-}
-
-bool isWord(const std::string& text) {
-    return std::isalpha(static_cast<unsigned char>(text.front())) != 0 &&
-           std::all_of(text.begin(), text.end(),
-                       [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
-}
-
-bool isQuoted(const std::string& text) {
-    return text.size() >= 2 && text.front() == '\'' && text.back() == '\'';
-}
-
-Input characters(const std::string& text) {
-    return {{text.empty() ? 0U : 1U, text.size(), {}, mxCHAR_CLASS, text}};
-}
-
-} // namespace
-
 bool isNumber(const std::string& text) {
     char* end = nullptr;
     std::strtod(text.c_str(), &end);
@@ -112,12 +95,17 @@ bool isNumber(const std::string& text) {
 
 Input readInput(const std::string& text) {
     if (isNumber(text)) return {{1, 1, {std::strtod(text.c_str(), nullptr)}}};
-    if (isQuoted(text)) return characters(text.substr(1, text.size() - 2));
+    if (isQuoted(text)) return {characters(text.substr(1, text.size() - 2))};
     if (!std::filesystem::exists(text)) {
-        if (!text.empty() && isWord(text)) return characters(text);
+        if (!text.empty() && isWord(text)) return {characters(text)};
         throw std::runtime_error("cannot open " + text + ": no such file");
     }
     const std::string extension = std::filesystem::path(text).extension();
     if (extension == ".csv" || extension == ".txt") return {readTable(text)};
-    return readAudio(text);
+    try {
+        Recording recording = readRecording(text);
+        return {std::move(recording.samples), recording.rate};
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(text + ": not a number, not a table (.csv, .txt), " + error.what());
+    }
 }

@@ -15,6 +15,9 @@ mxArray withDoubles(const mxArray& array);
 /// 0.125"; minimum, maximum and mean over the elements that are numbers, the others are counted.
 std::string summary(const mxArray& array);
 
-/// Writes a line for each row, the numbers between commas, each in the shortest form that reads back as the
-/// same double. A file that cannot be written, or an array without numbers, is a std::runtime_error.
+/// A number in the shortest form that reads back as the same double.
+std::string shortest(double value);
+
+/// Writes a line for each row, the numbers between commas, each in its shortest form. A file that cannot be
+/// written, or an array without numbers, is a std::runtime_error.
 void writeCsv(const std::string& path, const mxArray& array);

@@ -87,16 +87,18 @@ std::string summary(const mxArray& array) {
     return text.str();
 }
 
+std::string shortest(double value) {
+    char number[32]; // the longest takes 24 characters
+    return {number, std::to_chars(number, number + sizeof number, value).ptr};
+}
+
 void writeCsv(const std::string& path, const mxArray& array) {
     if (!holdsNumbers(array)) throw std::runtime_error(path + ": a table holds numbers, the output has none");
     std::ofstream file(path);
-    char number[32]; // the longest shortest form takes 24 characters
     for (size_t row = 0; row < array.rows; ++row) {
         for (size_t column = 0; column < array.columns; ++column) {
             if (column > 0) file << ',';
-            const auto end =
-                std::to_chars(number, number + sizeof number, array.data[column * array.rows + row]).ptr;
-            file.write(number, end - number);
+            file << shortest(array.data[column * array.rows + row]);
         }
         file << '\n';
     }

@@ -1,0 +1,106 @@
+#include "audio.hpp"
+
+#include "arrays.hpp"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <sndfile.hh>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr sf_count_t blockFrames = 1 << 14;
+
+/// Whether libsndfile has found fewer bytes of samples than the header claims. Claims near the largest number
+/// stand for a length that was not known when the header was written, and break no promise.
+bool hasLostItsEnd(SndfileHandle& file) {
+    constexpr long long unknownLength = 0x7ff00000;
+    std::array<char, 1 << 14> log{};
+    file.command(SFC_GET_LOG_INFO, log.data(), static_cast<int>(log.size()));
+    static const std::regex claim(R"((?:data|SSND|Data Size)\s*: (\d{1,18}) \(should be (\d{1,18})\))");
+    std::cmatch found;
+    if (!std::regex_search(log.data(), found, claim)) return false;
+    const long long claimed = std::stoll(found[1]);
+    return claimed < unknownLength && claimed > std::stoll(found[2]);
+}
+
+/// Whether a header's number of frames is to be met. MP3 files tell theirs by estimate.
+bool tellsItsLength(const SndfileHandle& file) {
+    constexpr int mpeg = 0x230000;
+    return (file.format() & SF_FORMAT_TYPEMASK) != mpeg && file.frames() < SF_COUNT_MAX;
+}
+
+[[noreturn]] void refuse(const std::string& reason) {
+    throw std::runtime_error(reason);
+}
+
+void refuseWhatIsNoFile(const std::string& path) {
+    std::error_code unknown;
+    const auto status = std::filesystem::status(path, unknown);
+    if (!std::filesystem::exists(status)) refuse("no such file");
+    if (std::filesystem::is_directory(status)) refuse("is a folder");
+    if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(path, unknown) == 0)
+        refuse("is empty");
+}
+
+SndfileHandle opened(const std::string& path, const RawFormat& raw) {
+    if (raw.rate == 0) return SndfileHandle(path);
+    return {path, SFM_READ, SF_FORMAT_RAW | raw.format | SF_ENDIAN_LITTLE, 1, raw.rate};
+}
+
+/// Everything up to the end, frame after frame. Read in blocks: the length that a damaged header claims is
+/// not to be trusted.
+std::vector<double> readToEnd(SndfileHandle& file) {
+    const auto channels = static_cast<size_t>(file.channels());
+    std::vector<double> block(static_cast<size_t>(blockFrames) * channels);
+    std::vector<double> samples;
+    for (sf_count_t frames; (frames = file.readf(block.data(), blockFrames)) > 0;)
+        samples.insert(samples.end(), block.begin(),
+                       block.begin() + static_cast<std::ptrdiff_t>(static_cast<size_t>(frames) * channels));
+    return samples;
+}
+
+} // namespace
+
+RawFormat rawFormat(const std::string& text) {
+    static const std::map<std::string, int> formats = {
+        {"s8", SF_FORMAT_PCM_S8},  {"u8", SF_FORMAT_PCM_U8},  {"s16", SF_FORMAT_PCM_16},
+        {"s24", SF_FORMAT_PCM_24}, {"s32", SF_FORMAT_PCM_32}, {"f32", SF_FORMAT_FLOAT},
+        {"f64", SF_FORMAT_DOUBLE}, {"ulaw", SF_FORMAT_ULAW},  {"alaw", SF_FORMAT_ALAW}};
+    const size_t colon = text.find(':');
+    const std::string rate = text.substr(0, colon);
+    const auto format = formats.find(colon == std::string::npos ? "" : text.substr(colon + 1));
+    const bool isRate = std::regex_match(rate, std::regex("[1-9][0-9]{0,8}"));
+    if (!isRate || format == formats.end())
+        refuse("\"" + text +
+               "\" must be RATE:FORMAT, a whole number of Hz and one of s8, u8, s16, s24, s32, "
+               "f32, f64, ulaw, alaw");
+    return {std::stoi(rate), format->second};
+}
+
+Recording readRecording(const std::string& path, const RawFormat& raw) {
+    refuseWhatIsNoFile(path);
+    SndfileHandle file = opened(path, raw);
+    if (file.error()) refuse(std::string("not readable as audio: ") + file.strError());
+    std::vector<double> samples = readToEnd(file);
+    const auto channels = static_cast<size_t>(std::max(1, file.channels()));
+    const size_t length = samples.size() / channels;
+    if (file.error()) refuse(std::string("damaged audio: ") + file.strError());
+    if (hasLostItsEnd(file) || (tellsItsLength(file) && length < static_cast<size_t>(file.frames())))
+        refuse("truncated: ends before its header says, after " + std::to_string(length) + " samples");
+    const auto rate = static_cast<double>(file.samplerate());
+    if (channels == 1) return {{length, 1, std::move(samples)}, rate};
+    return {fromRows(samples, length, channels), rate};
+}
+
+void writeWav(const std::string& path, const mxArray& samples, int rate) {
+    SndfileHandle file(path, SFM_WRITE, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 1, rate);
+    const auto count = static_cast<sf_count_t>(samples.data.size());
+    if (file.error() || file.writef(samples.data.data(), count) != count)
+        refuse(std::string("cannot be written: ") + file.strError());
+}

@@ -1,0 +1,285 @@
+#include "corpus.hpp"
+
+#include "drawing.hpp"
+#include "file.hpp"
+#include "progress.hpp"
+
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <new>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace shell {
+
+namespace {
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+File scratchFile() {
+    File file(std::tmpfile(), std::fclose);
+    if (!file) throw std::runtime_error(std::string("no scratch file: ") + std::strerror(errno));
+    return file;
+}
+
+std::string contentsOf(std::FILE* file) {
+    std::string text;
+    char block[1 << 14];
+    std::rewind(file);
+    for (size_t count; (count = std::fread(block, 1, sizeof block, file)) > 0;) text.append(block, count);
+    return text;
+}
+
+/// The signals that end a program, and the end of a child. While it exists they wait to be asked for.
+class Signals {
+public:
+    Signals() {
+        sigemptyset(&set);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGCHLD}) sigaddset(&set, signal);
+        sigprocmask(SIG_BLOCK, &set, &before);
+    }
+    ~Signals() { restore(); }
+    Signals(const Signals&) = delete;
+    Signals& operator=(const Signals&) = delete;
+
+    void restore() const { sigprocmask(SIG_SETMASK, &before, nullptr); }
+    int next() const {
+        const int signal = sigwaitinfo(&set, nullptr);
+        return signal < 0 ? SIGCHLD : signal; // woken by one that is not waited for
+    }
+
+private:
+    sigset_t set{};
+    sigset_t before{};
+};
+
+/// A job's process, what it says and what it hands over.
+struct Child {
+    size_t job;
+    File report;
+    File result;
+};
+
+/// How the jobs went.
+struct Tally {
+    size_t done = 0;
+    size_t refused = 0;
+    size_t leftOut = 0;
+};
+
+class Corpus {
+public:
+    Corpus(const Request& itsRequest, const std::vector<Job>& itsJobs, const Course& itsCourse)
+        : request(itsRequest), jobs(itsJobs), course(itsCourse), progress(itsJobs.size()) {}
+
+    int work() {
+        int signal = SIGCHLD;
+        while (signal == SIGCHLD) {
+            fill();
+            if (children.empty()) break;
+            signal = signals.next();
+            if (signal == SIGCHLD) reap();
+        }
+        if (signal != SIGCHLD) stop(signal);
+        progress.finish();
+        if (jobs.size() > 1) sayTally("");
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+            throw std::runtime_error("standard output cannot be written");
+        return tally.refused > 0 ? 1 : 0;
+    }
+
+private:
+    bool writesToOutput(const Job& job) const { return job.table.empty(); }
+
+    std::string nameOf(const Job& job) const {
+        return job.recording.empty() ? request.function->name : job.recording;
+    }
+
+    std::string mark(size_t job) const { return std::to_string(getpid()) + '-' + std::to_string(job); }
+
+    void fill() {
+        for (; next < jobs.size() && children.size() < static_cast<size_t>(course.sideBySide); ++next) {
+            const Job& job = jobs[next];
+            if (!job.refusal.empty())
+                refused(next, job.refusal);
+            else if (course.resume && isDone(job))
+                leaveOut(next);
+            else
+                start(next);
+        }
+    }
+
+    void start(size_t job) {
+        Child child{job, scratchFile(), scratchFile()};
+        const std::string itsMark = mark(job);
+        std::fflush(nullptr);
+        const pid_t pid = fork();
+        if (pid < 0) throw std::runtime_error(std::string("no process: ") + std::strerror(errno));
+        if (pid == 0) _exit(runJob(child, itsMark));
+        setpgid(pid, pid); // a picture's program ends with its job
+        children.emplace(pid, std::move(child));
+    }
+
+    /// In the process of the job, with its console in the report.
+    int runJob(const Child& child, const std::string& itsMark) const {
+        setpgid(0, 0);
+        signals.restore();
+        dup2(fileno(child.report.get()), STDOUT_FILENO);
+        dup2(fileno(child.report.get()), STDERR_FILENO);
+        int status = 1;
+        try {
+            doJob(jobs[child.job], itsMark, child.result.get());
+            status = 0;
+        } catch (const std::bad_alloc&) {
+            std::puts("there is not enough memory");
+        } catch (const std::exception& error) {
+            std::puts(inOneLine(error.what()).c_str());
+        }
+        std::fflush(nullptr);
+        return status;
+    }
+
+    void doJob(const Job& job, const std::string& itsMark, std::FILE* result) const {
+        const Analysis analysis = analyse(request, job.recording);
+        if (request.format == Format::wav)
+            writeWhole(job.table, itsMark,
+                       [&](const std::string& path) { writeSound(request, analysis, path); });
+        else if (writesToOutput(job))
+            std::fputs(textOf(request, analysis, jobs.size() > 1 ? job.recording : "").c_str(), result);
+        else
+            writeWhole(job.table, itsMark,
+                       [&](const std::string& path) { writeContents(path, textOf(request, analysis, "")); });
+        if (job.picture.empty()) return;
+        const std::string title =
+            request.function->name + " (" + std::filesystem::path(job.recording).filename().string() + ")";
+        writeWhole(job.picture, itsMark,
+                   [&](const std::string& path) { draw(request, analysis, title, path); });
+    }
+
+    /// All children that have ended.
+    void reap() {
+        int status = 0;
+        for (pid_t pid; (pid = waitpid(-1, &status, WNOHANG)) > 0;) {
+            const auto child = children.find(pid);
+            if (child == children.end()) continue;
+            finish(child->second, status);
+            children.erase(child);
+        }
+    }
+
+    void finish(const Child& child, int status) {
+        const std::string report = contentsOf(child.report.get());
+        if (WIFSIGNALED(status)) {
+            removeParts(child.job);
+            return refused(child.job,
+                           std::string("the computation ended by a signal: ") + strsignal(WTERMSIG(status)));
+        }
+        if (WEXITSTATUS(status) != 0) return refused(child.job, lastLine(report));
+        sayLines(child.job, report);
+        ++tally.done;
+        if (jobs.size() > 1 && !writesToOutput(jobs[child.job]) && !progress.isBar())
+            progress.say(inOneLine(jobs[child.job].table));
+        through(child.job, contentsOf(child.result.get()));
+    }
+
+    static std::string lastLine(std::string report) {
+        while (report.ends_with('\n')) report.pop_back();
+        return report.empty() ? "the computation ended without a word"
+                              : report.substr(report.rfind('\n') + 1);
+    }
+
+    /// What the library has said on its console.
+    void sayLines(size_t job, const std::string& report) const {
+        for (size_t at = 0; at < report.size();) {
+            const size_t end = std::min(report.find('\n', at), report.size());
+            if (end > at) say(job, report.substr(at, end - at));
+            at = end + 1;
+        }
+    }
+
+    void say(size_t job, const std::string& message) const {
+        progress.say("wavepitch: " + inOneLine(nameOf(jobs[job])) + ": " + inOneLine(message));
+    }
+
+    void refused(size_t job, const std::string& reason) {
+        say(job, reason);
+        ++tally.refused;
+        through(job, "");
+    }
+
+    void leaveOut(size_t job) {
+        ++tally.leftOut;
+        through(job, "");
+    }
+
+    /// Hands on what is next in order.
+    void through(size_t job, std::string result) {
+        progress.advance();
+        waiting.emplace(job, std::move(result));
+        for (auto first = waiting.begin(); first != waiting.end() && first->first == handedOn; ++handedOn) {
+            print(first->second);
+            first = waiting.erase(first);
+        }
+    }
+
+    /// A table's line of names stands only where it is another than the table's before.
+    void print(const std::string& result) {
+        const bool hasNames = request.format == Format::csv || request.format == Format::tsv;
+        const size_t end = hasNames && !result.empty() ? result.find('\n') + 1 : 0;
+        const bool again = end > 0 && result.substr(0, end) == names;
+        if (end > 0) names = result.substr(0, end);
+        const size_t from = again ? end : 0;
+        std::fwrite(result.data() + from, 1, result.size() - from, stdout);
+    }
+
+    void removeParts(size_t job) const {
+        removePart(jobs[job].table, mark(job));
+        removePart(jobs[job].picture, mark(job));
+    }
+
+    void sayTally(const char* prefix) const {
+        progress.say(prefix + std::to_string(jobs.size()) + " recordings: " + std::to_string(tally.done) +
+                     " done, " + std::to_string(tally.refused) + " refused" +
+                     (tally.leftOut > 0 ? ", " + std::to_string(tally.leftOut) + " there already" : ""));
+    }
+
+    [[noreturn]] void stop(int signal) {
+        for (const auto& [pid, child] : children) kill(-pid, SIGKILL);
+        for (const auto& [pid, child] : children) {
+            waitpid(pid, nullptr, 0);
+            removeParts(child.job);
+        }
+        progress.finish();
+        sayTally("interrupted; ");
+        std::fflush(stdout);
+        std::signal(signal, SIG_DFL);
+        signals.restore();
+        std::raise(signal);
+        _exit(1);
+    }
+
+    const Request& request;
+    const std::vector<Job>& jobs;
+    const Course& course;
+    Progress progress;
+    Signals signals;
+    std::map<pid_t, Child> children;
+    size_t next = 0;
+    Tally tally;
+    std::map<size_t, std::string> waiting; // results that others stand before
+    size_t handedOn = 0;
+    std::string names;
+};
+
+} // namespace
+
+int work(const Request& request, const std::vector<Job>& jobs, const Course& course) {
+    return Corpus(request, jobs, course).work();
+}
+
+} // namespace shell

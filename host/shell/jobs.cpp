@@ -1,0 +1,112 @@
+#include "jobs.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <set>
+
+namespace shell {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool soundsLikeAudio(const fs::path& path, bool raw) {
+    static const std::set<std::string> extensions = {".wav", ".flac", ".ogg",  ".oga",  ".opus", ".mp3",
+                                                     ".aif", ".aiff", ".aifc", ".au",   ".snd",  ".caf",
+                                                     ".w64", ".rf64", ".sph",  ".nist", ".sds",  ".voc"};
+    std::string extension = path.extension();
+    for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return extensions.contains(extension) || (raw && (extension == ".raw" || extension == ".pcm"));
+}
+
+/// The recordings of a folder; a single job with a refusal where it cannot be read or has none.
+std::vector<Job> jobsOfFolder(const std::string& folder, bool raw) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        if (entry->is_regular_file() && soundsLikeAudio(entry->path(), raw)) names.push_back(entry->path());
+    if (error) return {{folder, "", "", error.message()}};
+    if (names.empty()) return {{folder, "", "", "holds no recordings"}};
+    std::sort(names.begin(), names.end());
+    std::vector<Job> jobs;
+    for (const std::string& name : names) jobs.push_back({name, "", "", ""});
+    return jobs;
+}
+
+std::vector<Job> jobsOfName(const std::string& name, const Places& places) {
+    std::error_code unknown;
+    if (!fs::is_directory(name, unknown)) return {{name, "", "", ""}};
+    if (!places.recursive) return {{name, "", "", "is a folder: -r takes the recordings in it"}};
+    return jobsOfFolder(name, places.raw);
+}
+
+std::vector<std::string> namesOnInput(bool endsWithZero) {
+    std::vector<std::string> names;
+    std::string name;
+    while (std::getline(std::cin, name, endsWithZero ? '\0' : '\n'))
+        if (!name.empty()) names.push_back(name);
+    return names;
+}
+
+/// A path below a folder: without its root, and without steps up and out.
+fs::path mirrored(const std::string& folder, const std::string& recording) {
+    fs::path result = folder;
+    for (const fs::path& part : fs::path(recording).lexically_normal().relative_path())
+        if (part != "..") result /= part;
+    return result;
+}
+
+void place(Job& job, const Places& places) {
+    job.table = places.file;
+    job.picture = places.picture;
+    if (places.folder.empty()) return;
+    fs::path path = mirrored(places.folder, job.recording);
+    job.table = path.replace_extension(places.extension);
+    if (places.pictures) job.picture = path.replace_extension(".png");
+}
+
+void refuseSameFiles(std::vector<Job>& jobs) {
+    std::map<std::string, const Job*> writers;
+    for (Job& job : jobs) {
+        std::error_code unknown;
+        if (job.table.empty() || !job.refusal.empty()) continue;
+        const auto [writer, isFirst] = writers.emplace(job.table, &job);
+        if (!isFirst)
+            job.refusal = "would write " + job.table + ", as " + writer->second->recording + " does";
+        if (fs::equivalent(job.table, job.recording, unknown)) job.refusal = "would be overwritten";
+    }
+}
+
+bool isNewer(const std::string& result, const std::string& recording) {
+    std::error_code missing;
+    const auto written = fs::last_write_time(result, missing);
+    return !missing && written > fs::last_write_time(recording, missing) && !missing;
+}
+
+} // namespace
+
+std::vector<Job> jobsOf(const std::vector<std::string>& words, const Places& places) {
+    std::vector<std::string> names;
+    for (const std::string& word : words) {
+        const auto more = word == "-" ? namesOnInput(places.endsWithZero) : std::vector<std::string>{word};
+        names.insert(names.end(), more.begin(), more.end());
+    }
+    std::vector<Job> jobs;
+    for (const std::string& name : names) {
+        const auto more = jobsOfName(name, places);
+        jobs.insert(jobs.end(), more.begin(), more.end());
+    }
+    for (Job& job : jobs) place(job, places);
+    refuseSameFiles(jobs);
+    return jobs;
+}
+
+bool isDone(const Job& job) {
+    return isNewer(job.table, job.recording) && (job.picture.empty() || isNewer(job.picture, job.recording));
+}
+
+} // namespace shell

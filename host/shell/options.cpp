@@ -1,0 +1,168 @@
+#include "options.hpp"
+
+#include <algorithm>
+#include <stdexcept>
+#include <thread>
+
+namespace shell {
+
+namespace {
+
+void declareFormats(CLI::App& app, Options& options) {
+    const std::pair<const char*, Format> formats[] = {{"--tsv", Format::tsv},
+                                                      {"--json", Format::json},
+                                                      {"--columns", Format::columns},
+                                                      {"--labels", Format::labels},
+                                                      {"--wav", Format::wav}};
+    const char* const texts[] = {"a table with tabs instead of commas",
+                                 "an object with an array for each column, one a line",
+                                 "time and value between blanks, a frame a line, without names",
+                                 "segments as a label track: start and end in seconds, number, between tabs",
+                                 "sound, as WAV of 32-bit floating point"};
+    auto* group =
+        app.add_option_group("Form of results", "without: CSV, a line of names, times in the first column");
+    for (size_t i = 0; i < std::size(formats); ++i)
+        group->add_flag_callback(
+            formats[i].first, [&options, format = formats[i].second] { options.format = format; }, texts[i]);
+    group->require_option(0, 1);
+}
+
+void declareAudio(CLI::App& app, Options& options) {
+    app.add_option("--channel", options.channel, "the channel to take, from 1")
+        ->check(CLI::Range(1, 1024))
+        ->type_name("N");
+    app.add_flag("--mix", options.mix, "the mean of all channels")->excludes("--channel");
+    app.add_option(
+           "--raw", options.raw,
+           "files without a header: Hz, and s8, u8, s16, s24, s32, f32, f64, ulaw or alaw, lowest byte first")
+        ->type_name("RATE:FORMAT");
+    app.add_flag("-r,--recursive", options.places.recursive, "folders stand for the recordings in them");
+    app.add_flag("-0,--null", options.places.endsWithZero,
+                 "names on standard input (-) end with a zero byte");
+}
+
+void declarePlaces(CLI::App& app, Options& options) {
+    app.add_option("-o,--output", options.places.file, "results to FILE instead of standard output")
+        ->type_name("FILE");
+    app.add_option("--out-dir", options.places.folder,
+                   "results of each recording to a file of its own in DIR, under the recording's path")
+        ->type_name("DIR")
+        ->excludes("--output");
+    app.add_option("--png", options.places.picture, "draw what one recording gives to FILE")
+        ->type_name("FILE");
+    app.add_flag("--pictures", options.places.pictures, "a PNG picture beside each file in DIR")
+        ->needs("--out-dir");
+    app.add_flag("--resume", options.course.resume,
+                 "leave out recordings whose files in DIR are there and newer")
+        ->needs("--out-dir");
+    app.add_option("-j,--jobs", options.course.sideBySide,
+                   "recordings side by side; default the number of cores")
+        ->check(CLI::Range(1, 4096))
+        ->type_name("N");
+}
+
+/// The output that the user names, the segments for label tracks, else the first.
+int outputOf(const Function& function, const Options& options) {
+    const int output = !options.output.empty()            ? function.find(options.output)
+                       : options.format == Format::labels ? function.find(Form::segments)
+                                                          : 0;
+    if (output >= 0) return output;
+    std::string names;
+    for (const Output& its : function.outputs) names += (names.empty() ? "" : ", ") + its.name;
+    throw std::runtime_error(function.name + ": no output is named \"" +
+                             (options.output.empty() ? "segments" : options.output) + "\"; there are " +
+                             names);
+}
+
+void requireFit(const Function& function, int output, Format format) {
+    const Form form = function.outputs[static_cast<size_t>(output)].form;
+    const std::string name = function.name + ": " + function.outputs[static_cast<size_t>(output)].name;
+    if (format == Format::labels && form != Form::segments)
+        throw std::runtime_error(name + " is no list of segments for --labels");
+    if (format == Format::wav && form != Form::sound)
+        throw std::runtime_error(name + " is no sound for --wav");
+    if (format == Format::columns && (form != Form::curve || shownWith(function, output).size() < 2))
+        throw std::runtime_error(name + " has no times for --columns");
+}
+
+void requirePlaces(const Options& options, size_t recordings) {
+    const bool many = recordings > 1 || options.places.recursive ||
+                      std::find(options.words.begin(), options.words.end(), "-") != options.words.end();
+    const bool toOneFile = !options.places.file.empty() || !options.places.picture.empty();
+    if (many && toOneFile)
+        throw std::runtime_error("-o and --png are for one recording; --out-dir and --pictures for several");
+    const bool withNames =
+        options.format == Format::csv || options.format == Format::tsv || options.format == Format::json;
+    if (many && !withNames && options.places.folder.empty())
+        throw std::runtime_error("several recordings in this form want --out-dir");
+    if (options.format == Format::wav && options.places.file.empty() && options.places.folder.empty())
+        throw std::runtime_error("--wav wants -o or --out-dir");
+}
+
+} // namespace
+
+void declare(CLI::App& app, Options& options) {
+    options.course.sideBySide = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    app.require_subcommand(0, 1);
+    for (const Function& function : functions()) {
+        CLI::App* sub = app.add_subcommand(function.name, function.summary)->group(function.room);
+        sub->add_option(
+            "WORD", options.words,
+            function.takesRecording()
+                ? "recordings, folders (-r), - for names on standard input; NAME=VALUE for the function"
+                : "the function's inputs in their order, or NAME=VALUE");
+        sub->add_option("--show", options.output,
+                        "the output to show, instead of the first and what goes with it")
+            ->type_name("NAME");
+        declareFormats(*sub, options);
+        if (function.takesRecording()) declareAudio(*sub, options);
+        declarePlaces(*sub, options);
+    }
+    app.add_subcommand("help", "How a function is called")
+        ->group("Help")
+        ->add_option("FUNCTION", options.topic, "one of the functions");
+}
+
+std::string overview() {
+    std::string text;
+    std::string room;
+    for (const Function& function : functions()) {
+        if (function.room != room) text += (room.empty() ? "" : "\n") + function.room + '\n';
+        room = function.room;
+        text += "  " + function.name + std::string(18 - std::min<size_t>(16, function.name.size()), ' ') +
+                function.summary + '\n';
+    }
+    return text;
+}
+
+Request requestOf(const Function& function, Options& options) {
+    Request request;
+    request.function = &function;
+    std::vector<std::string> recordings;
+    for (const std::string& word : options.words) {
+        if (isParameter(word))
+            request.parameters.push_back(parameter(word));
+        else if (function.takesRecording())
+            recordings.push_back(word);
+        else if (const size_t position = request.parameters.size(); position < function.inputs.size())
+            request.parameters.push_back(parameter(function.inputs[position] + '=' + word));
+        else
+            throw std::runtime_error(function.name + ": \"" + word + "\" is one input too many");
+    }
+    options.words = recordings;
+    if (function.takesRecording() && recordings.empty())
+        throw std::runtime_error(function.name + ": a recording is wanted; wavepitch help " + function.name +
+                                 " tells more");
+    requirePlaces(options, recordings.size());
+    request.output = outputOf(function, options);
+    requireFit(function, request.output, options.format);
+    request.format = options.format;
+    request.channel = options.channel;
+    request.mix = options.mix;
+    if (!options.raw.empty()) request.raw = rawFormat(options.raw);
+    options.places.raw = request.raw.rate > 0;
+    options.places.extension = extensionOf(request.format);
+    return request;
+}
+
+} // namespace shell

@@ -1,0 +1,150 @@
+// Writes what goes with the command, from the command's own options and the package's help:
+//   wavepitchPages VERSION MANUAL COMPLETION
+// the man page (roff) and the completion for bash.
+
+#include "options.hpp"
+
+#include <cstdio>
+#include <fstream>
+#include <stdexcept>
+
+namespace {
+
+using namespace shell;
+
+/// A text as roff takes it: no escapes, no requests.
+std::string roff(const std::string& text) {
+    std::string result;
+    bool lineBegins = true;
+    for (const char c : text) {
+        if (lineBegins && (c == '.' || c == '\'')) result += "\\&";
+        if (c == '\\')
+            result += "\\e";
+        else if (c == '-')
+            result += "\\-";
+        else
+            result += c;
+        lineBegins = c == '\n';
+    }
+    return result;
+}
+
+constexpr const char* manualBegin = R"(.SH NAME
+wavepitch \- pitch, end points and spectra of recordings
+.SH SYNOPSIS
+.B wavepitch
+.I FUNCTION
+.RI [ OPTION ...]
+.IR RECORDING ...
+.RI [ NAME=VALUE ...]
+.br
+.B wavepitch help
+.RI [ FUNCTION ]
+.SH DESCRIPTION
+Calls a function of the library for each recording and writes what it finds as a table: a line of names, and
+the times in the first column. The sample rate comes from the recording. What a function takes besides is given as
+.IR NAME=VALUE ,
+with the names of its inputs and options in any case; a value is a number, numbers between commas, true or false,
+a word, or
+.I @FILE
+for a table of numbers. A recording whose own name has this form is written with its folder (./a=b.wav). Functions
+that take no recording take their inputs in order.
+.PP
+Several recordings are analysed side by side, each in a process of its own; their order and number change no
+result. One that cannot be read, or that the function refuses, is named on standard error with its reason, and the
+others go on. Every file is written under another name and gets its own when it is whole.
+.SH OPTIONS
+)";
+
+constexpr const char* manualEnd = R"(.SH EXIT STATUS
+0 where all is done, 1 where something is refused, 2 where the options are not understood.
+.SH EXAMPLES
+.nf
+wavepitch wave2f0 speech.wav
+wavepitch endPoints speech.wav method=volumeHod \-\-labels \-o speech.txt
+wavepitch wave2f0 \-r corpus \-\-out\-dir f0 \-\-resume minF0=75
+.fi
+)";
+
+/// What follows an option, without the check that the parser adds to its name.
+std::string argumentOf(const CLI::Option& option) {
+    const std::string name = option.get_type_name();
+    return name.substr(0, name.find(":INT"));
+}
+
+std::string optionsText(const CLI::App& app) {
+    std::string text;
+    for (const CLI::Option* option : app.get_options()) {
+        if (option->get_positional() || (app.get_name().empty() && option == app.get_help_ptr())) continue;
+        text += ".TP\n.B " + roff(option->get_name(false, true));
+        if (option->get_items_expected_max() > 0) text += " " + roff(argumentOf(*option));
+        text += '\n' + roff(option->get_description()) + '\n';
+    }
+    for (const CLI::App* group : app.get_subcommands({}))
+        if (group->get_name().empty()) text += optionsText(*group);
+    return text;
+}
+
+std::string manual(const CLI::App& app, const std::string& version) {
+    std::string text = ".TH WAVEPITCH 1 \"\" \"wavepitch " + version + "\"\n" + manualBegin;
+    text += optionsText(*app.get_subcommand("wave2f0"));
+    text += ".SH FUNCTIONS\n.nf\n" + roff(overview()) + ".fi\n";
+    for (const Function& function : functions())
+        text += ".SS " + function.name + "\n.nf\n" + roff(function.help) + ".fi\n";
+    return text + manualEnd;
+}
+
+/// The options' names, and their arguments' where wanted, between blanks.
+std::string namesOf(const CLI::App& app) {
+    std::string names;
+    for (const CLI::Option* option : app.get_options())
+        for (const std::string& name : option->get_lnames())
+            if (!app.get_name().empty() || option != app.get_help_ptr()) names += " --" + name;
+    for (const CLI::App* group : app.get_subcommands({}))
+        if (group->get_name().empty()) names += namesOf(*group);
+    return names;
+}
+
+std::string completion(const CLI::App& app) {
+    std::string text = "# Completion of the command wavepitch for bash.\n_wavepitch() {\n"
+                       "    local word=${COMP_WORDS[COMP_CWORD]} functions=\"help";
+    for (const Function& function : functions()) text += ' ' + function.name;
+    text +=
+        "\" inputs=\n    if ((COMP_CWORD == 1)) || [[ ${COMP_WORDS[1]} == help ]]; then\n"
+        "        mapfile -t COMPREPLY < <(compgen -W \"$functions\" -- \"$word\")\n        return\n    fi\n"
+        "    if [[ $word == -* ]]; then\n        mapfile -t COMPREPLY < <(compgen -W \"" +
+        namesOf(*app.get_subcommand("wave2f0")) +
+        "\" -- \"$word\")\n        return\n    fi\n    case ${COMP_WORDS[1]} in\n";
+    for (const Function& function : functions()) {
+        text += "    " + function.name + ") inputs=\"";
+        for (const std::string& input : function.inputs)
+            if (input != "wave" && !function.isRate(input)) text += input + "= ";
+        text += "\" ;;\n";
+    }
+    return text +
+           "    esac\n    compopt -o filenames\n"
+           "    mapfile -t COMPREPLY < <(compgen -f -- \"$word\"; compgen -W \"$inputs\" -- \"$word\")\n"
+           "    [[ ${COMPREPLY[*]} != *= ]] || compopt -o nospace\n"
+           "}\ncomplete -F _wavepitch wavepitch\n";
+}
+
+void writeText(const std::string& path, const std::string& text) {
+    std::ofstream file(path);
+    file << text;
+    if (!file.flush()) throw std::runtime_error(path + ": cannot be written");
+}
+
+} // namespace
+
+int main(int argc, char** argv) try {
+    if (argc != 4) throw std::runtime_error("usage: wavepitchPages VERSION MANUAL COMPLETION");
+    CLI::App app("", "wavepitch");
+    Options options;
+    declare(app, options);
+    writeText(argv[2], manual(app, argv[1]));
+    writeText(argv[3], completion(app));
+    return 0;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+}

@@ -1,0 +1,106 @@
+#include "parameters.hpp"
+
+#include "arrays.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <regex>
+#include <sstream>
+#include <stdexcept>
+#include <strings.h>
+
+namespace shell {
+
+namespace {
+
+bool sameName(const std::string& a, const std::string& b) {
+    return strcasecmp(a.c_str(), b.c_str()) == 0;
+}
+
+mxArray scalar(double value) {
+    return {1, 1, {value}};
+}
+
+/// Numbers between commas; false for anything else.
+bool readList(const std::string& text, std::vector<double>& values) {
+    std::istringstream parts(text);
+    std::string part;
+    while (std::getline(parts, part, ',')) {
+        if (!isNumber(part)) return false;
+        values.push_back(std::strtod(part.c_str(), nullptr));
+    }
+    return !values.empty() && text.back() != ',';
+}
+
+mxArray arrayOf(const std::string& value) {
+    if (value.starts_with('@')) return readTable(value.substr(1));
+    if (value == "true") return scalar(1);
+    if (value == "false") return scalar(0);
+    std::vector<double> values;
+    if (!readList(value, values)) return characters(value);
+    const size_t count = values.size();
+    return {1, count, std::move(values)};
+}
+
+[[noreturn]] void refuseGap(const Function& function, const std::string& missing, const std::string& given) {
+    throw std::runtime_error(function.name + ": " + missing + "=VALUE is wanted before " + given);
+}
+
+std::string namesOf(const Function& function) {
+    std::string names;
+    for (const std::string& input : function.inputs)
+        if (input != "wave" && !function.isRate(input)) names += (names.empty() ? "" : ", ") + input;
+    return names.empty() ? "none" : names;
+}
+
+} // namespace
+
+bool isParameter(const std::string& word) {
+    static const std::regex form("[A-Za-z]\\w*=[^]*");
+    return std::regex_match(word, form);
+}
+
+std::pair<std::string, mxArray> parameter(const std::string& word) {
+    const size_t equals = word.find('=');
+    return {word.substr(0, equals), arrayOf(word.substr(equals + 1))};
+}
+
+const mxArray* find(const Parameters& parameters, const std::string& name) {
+    const auto found = std::find_if(parameters.rbegin(), parameters.rend(),
+                                    [&](const auto& candidate) { return sameName(candidate.first, name); });
+    return found == parameters.rend() ? nullptr : &found->second;
+}
+
+std::vector<mxArray> inputsOf(const Function& function, const Parameters& parameters, const mxArray* wave,
+                              double rate) {
+    std::vector<mxArray> result = {characters(function.name)};
+    std::string missing;
+    for (const std::string& input : function.inputs) {
+        const mxArray* given = find(parameters, input);
+        const bool isRecordings = wave && (input == "wave" || function.isRate(input));
+        if (isRecordings && given)
+            throw std::runtime_error(function.name + ": " + input + " comes from the recording");
+        if (given && !missing.empty()) refuseGap(function, missing, input);
+        if (isRecordings)
+            result.push_back(input == "wave" ? *wave : scalar(rate));
+        else if (given)
+            result.push_back(*given);
+        else if (missing.empty())
+            missing = input;
+    }
+    for (const auto& [name, value] : parameters) {
+        const auto isThis = [&, &itsName = name](const std::string& input) {
+            return sameName(input, itsName);
+        };
+        if (std::any_of(function.inputs.begin(), function.inputs.end(), isThis)) continue;
+        if (!function.options)
+            throw std::runtime_error(function.name + ": nothing is named \"" + name + "\"; there are " +
+                                     namesOf(function));
+        if (!missing.empty()) refuseGap(function, missing, name);
+        result.push_back(characters(name));
+        result.push_back(value);
+    }
+    return result;
+}
+
+} // namespace shell
