@@ -152,7 +152,7 @@ TEST(VoiceRefinement, FindsTheFrequencyFromTheLagBeside) {
         const Doubles wave = voiceOf(freq, 1, 8000);
         const std::vector<float> x(wave.begin(), wave.end());
         for (const double start : {0.97, 1.0, 1.03})
-            EXPECT_LT(cents(Refinement(layout).refined(&x[4000], start * freq), freq), 1)
+            EXPECT_LT(cents(Refinement(layout).refined(&x[4000], start * freq), freq), 0.2)
                 << freq << " Hz from " << start;
     }
 }
