@@ -122,9 +122,34 @@ TEST(Voice, NothingWithoutPeriodsHasPitch) {
     EXPECT_EQ(wave2f0<double>(nullptr, 0, at(8000), nullptr), 0);
 }
 
-TEST(Voice, FramesLieBeforeTheEnd) {
-    EXPECT_EQ(voiceSizes(800, at(8000)).frameNum, 10);
-    EXPECT_EQ(voiceSizes(801, at(8000)).frameNum, 11);
+/// Everything that a recording's voice has.
+struct Voice {
+    VOICESIZES sizes;
+    Doubles f0, strength;
+    std::vector<float> correlation;
+    std::vector<VOICECANDIDATES> candidates;
+
+    explicit Voice(const Doubles& wave)
+        : sizes(voiceSizes(lengthOf(wave), at(8000))), f0(static_cast<size_t>(sizes.frameNum)), strength(f0),
+          correlation(f0.size() * static_cast<size_t>(sizes.lagNum), 9), candidates(f0.size()) {
+        wave2f0(wave.data(), lengthOf(wave), at(8000), f0.data(), strength.data(), correlation.data(),
+                candidates.data());
+    }
+};
+
+TEST(Voice, StrengthIsThatOfTheCandidateThatThePitchIsMadeOf) {
+    const Voice voice(speechLike(8000));
+    for (size_t i = 0; i < voice.f0.size(); ++i) {
+        const VOICECANDIDATES& frame = voice.candidates[i];
+        double expected = 0;
+        for (int k = 0; k < frame.num; ++k)
+            if (voice.f0[i] > 0 && cents(voice.f0[i], voice.sizes.lagRate / double(frame.lag[k])) < 50)
+                expected = double(frame.strength[k]);
+        ASSERT_EQ(voice.strength[i], expected) << "frame " << i;
+    }
+    const Voice silence(Doubles(800, 0.5));
+    EXPECT_EQ(std::count(silence.correlation.begin(), silence.correlation.end(), 0.0F),
+              lengthOf(silence.correlation));
 }
 
 TEST(Voice, RatesRangesAndFrameRatesOfEverySizeWork) {
@@ -190,7 +215,7 @@ TEST(Voice, ParametersOutsideTheirRangesAreNamed) {
         double VOICEPARAM::*value;
         double tooLow, tooHigh;
     } rows[] = {{"minFreq", &VOICEPARAM::minFreq, 19, notANumber},
-                {"maxFreq", &VOICEPARAM::maxFreq, 60, 4001},
+                {"maxFreq", &VOICEPARAM::maxFreq, 60, 2001},
                 {"frameRate", &VOICEPARAM::frameRate, 0.9, 1001},
                 {"voicingThreshold", &VOICEPARAM::voicingThreshold, -0.1, 1.1},
                 {"candidateThreshold", &VOICEPARAM::candidateThreshold, -0.1, 1.1},
