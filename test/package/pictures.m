@@ -16,6 +16,7 @@ end
 function assertImage (axes, x, y, values)
   image = findobj (axes, "type", "image");
   assert (get (image, {"xdata", "ydata", "cdata"}), {x([1, end])(:)', y([1, end])(:)', values}, 1e-9);
+  assert (get (get (image, "parent"), "ydir"), "normal");
 end
 
 function values = withGaps (values)
@@ -44,8 +45,8 @@ assertLine (axes(2), 1, time, values);
 assertLine (axes(2), 2, [0, duration], threshold([1, 1]));
 assertLine (axes(2), 3, [0, duration], threshold([2, 2]));
 
-for unit = {"semitone", "Hz"}
-  axes = drawn ("wave2pitch", wave, fs, "Unit", unit{1});
+for unit = {"semitone", "hz"}
+  axes = drawn ("wave2pitch", wave, fs, "unit", "Hz", "Unit", unit{1});  % the last of two counts
   [pitch, time, ~, pfMat] = wave2pitch (wave, fs, "unit", unit{1});
   lags = (0:rows (pfMat) - 1) * 1000 / fs;
   assertImage (axes(2), time, lags, pfMat ./ max (max (abs (pfMat)), realmin));
