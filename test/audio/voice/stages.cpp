@@ -161,7 +161,7 @@ TEST(VoicePath, IsTheBestOfAllPaths) {
     std::uniform_real_distribution<float> strength(0.2F, 1);
     std::uniform_real_distribution<float> anyOctave(4, 7);
     const double centre = std::log2(8000 / std::sqrt(60.0 * 800));
-    for (int run = 0; run < 200; ++run) {
+    for (int run = 0; run < 1000; ++run) {
         Frames frames(4);
         for (VOICECANDIDATES& frame : frames) {
             frame.num = int(random() % 4);
