@@ -18,11 +18,8 @@ std::int64_t sumOfDistances(const Wide& x, std::int64_t from) {
 template <typename Sample>
 int plainCrossings(const std::vector<Sample>& x) {
     int count = 0;
-    for (size_t i = 1; i < x.size(); ++i) {
-        const bool isUp = x[i - 1] < 0 && x[i] > 0;
-        const bool isDown = x[i - 1] > 0 && x[i] < 0;
-        if (isUp || isDown) ++count;
-    }
+    for (size_t i = 1; i < x.size(); ++i)
+        if (double(x[i - 1]) * double(x[i]) < 0) ++count;
     return count;
 }
 

@@ -160,40 +160,27 @@ TEST(VoiceRefinement, FindsTheFrequencyFromTheLagBeside) {
 using Frames = std::vector<VOICECANDIDATES>;
 using Path = std::vector<std::uint8_t>;
 
-/// The gains of a search, by octaves of lag.
-struct Gains {
-    double unvoiced, slope, centre, low, high, squared;
-
-    double of(float strength, double octave) const {
-        const double beyond = std::max({0.0, low - octave, octave - high});
-        return double(strength) - slope * (octave - centre) - squared * beyond * beyond;
-    }
-};
-
-double octaveOf(const VOICECANDIDATES& frame, int k) {
-    return std::log2(double(frame.lag[k]));
-}
-
-struct Scored {
-    double score = -1e9;
-    Path path = {};
-};
-
-/// The best of all paths from a frame on; before is the octave of the lag before it, 0 for none, and -1 for
-/// the first frame.
-Scored bestFrom(size_t i, double before, const Frames& frames, const Gains& gains) {
-    if (i == frames.size()) return {0, {}};
-    Scored best;
-    for (int k = 0; k <= frames[i].num; ++k) {
-        const bool isVoiced = k < frames[i].num;
-        const double octave = isVoiced ? octaveOf(frames[i], k) : 0;
-        double gain = isVoiced ? gains.of(frames[i].strength[k], octave) : gains.unvoiced;
-        if (before >= 0 && isVoiced != (before > 0)) gain -= 0.3;
-        if (before > 0 && isVoiced) gain -= 2 * (octave - before) * (octave - before);
-        const Scored rest = bestFrom(i + 1, octave, frames, gains);
-        if (rest.score + gain <= best.score) continue;
-        best = {rest.score + gain, {isVoiced ? std::uint8_t(k) : unvoiced}};
-        best.path.insert(best.path.end(), rest.path.begin(), rest.path.end());
+/// The best of all paths through four frames of at most three candidates.
+Path bestOf(const Frames& frames, double threshold, const std::function<double(double)>& loss) {
+    Path best;
+    double most = -1e9;
+    for (unsigned code = 0; code < 256; ++code) {
+        Path path;
+        double score = 0;
+        double before = -1; // octave of the lag before, 0 for none
+        for (size_t i = 0; i < 4; ++i) {
+            const unsigned k = code >> 2 * i & 3;
+            const bool isVoiced = k < 3;
+            const double octave = isVoiced ? std::log2(double(frames[i].lag[k])) : 0;
+            score += isVoiced ? double(frames[i].strength[k]) - loss(octave) : threshold;
+            if (before >= 0 && isVoiced != (before > 0)) score -= 0.3;
+            if (before > 0 && isVoiced) score -= 2 * (octave - before) * (octave - before);
+            before = octave;
+            path.push_back(isVoiced ? std::uint8_t(k) : unvoiced);
+        }
+        if (score <= most) continue;
+        most = score;
+        best = path;
     }
     return best;
 }
@@ -201,31 +188,35 @@ Scored bestFrom(size_t i, double before, const Frames& frames, const Gains& gain
 TEST(VoicePath, IsTheBestOfAllPaths) {
     std::mt19937 random(4); // NOLINT(cert-msc51-cpp)
     std::uniform_real_distribution<float> strength(0.2F, 1);
-    std::uniform_real_distribution<float> octave(4, 7);
+    std::uniform_real_distribution<float> anyOctave(4, 7);
     const double centre = std::log2(8000 / std::sqrt(60.0 * 800));
-    for (int run = 0; run < 100; ++run) {
-        Frames frames(6);
+    for (int run = 0; run < 1000; ++run) {
+        Frames frames(4);
         for (VOICECANDIDATES& frame : frames) {
-            frame.num = static_cast<int>(random() % 4);
-            for (float& x : frame.strength) x = strength(random);
-            for (float& x : frame.lag) x = std::exp2(octave(random));
+            frame.num = int(random() % 4);
+            for (int k = 0; k < 3; ++k) {
+                frame.strength[k] = k < frame.num ? strength(random) : -99; // none is taken
+                frame.lag[k] = std::exp2(anyOctave(random));
+            }
         }
-        const bool hasFundamental = run % 2 == 0;
-        const double gain = hasFundamental ? 0.45 : 0.4;
-        Path path = bestFrom(0, -1, frames, {gain, hasFundamental ? 0.1 : 0.03, centre, 0, 99, 0}).path;
+        const bool isFull = run % 2 == 0;
+        const double threshold = isFull ? 0.45 : 0.4;
+        Path path = bestOf(frames, threshold,
+                           [&](double octave) { return (isFull ? 0.1 : 0.03) * (octave - centre); });
         Doubles octaves;
-        for (size_t i = 0; i < path.size(); ++i)
-            if (path[i] != unvoiced) octaves.push_back(octaveOf(frames[i], path[i]));
+        for (size_t i = 0; i < 4; ++i)
+            if (path[i] != unvoiced) octaves.push_back(std::log2(double(frames[i].lag[path[i]])));
         std::sort(octaves.begin(), octaves.end());
         if (!octaves.empty()) {
             const double median = octaves[octaves.size() / 2];
-            const double low = std::min(median - 0.7, octaves[octaves.size() / 10]);
-            const double high = std::max(median + 0.7, octaves[octaves.size() * 9 / 10]);
-            const Gains speech{gain, 0.05, median, low, high, 0.2};
-            const Gains telephone{gain, 0.03, median, median, median, 0.1};
-            path = bestFrom(0, -1, frames, hasFundamental ? speech : telephone).path;
+            const double low = isFull ? std::min(median - 0.7, octaves.front()) : median;
+            const double high = isFull ? std::max(median + 0.7, octaves.back()) : median;
+            path = bestOf(frames, threshold, [&](double octave) {
+                const double beyond = std::max({0.0, low - octave, octave - high});
+                return (isFull ? 0.05 : 0.03) * (octave - median) + (isFull ? 0.2 : 0.1) * beyond * beyond;
+            });
         }
-        EXPECT_EQ(bestPath(frames, Layout(600, at(8000)), {1, hasFundamental}, at(8000)), path) << run;
+        EXPECT_EQ(bestPath(frames, Layout(600, at(8000)), {1, isFull}, at(8000)), path) << run;
     }
 }
 
