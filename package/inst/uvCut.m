@@ -32,7 +32,6 @@ function varargout = uvCut (varargin)
 end
 
 %!test
-%! noise = 0.1 * (mod ((1:4000) .^ 2, 7) > 2);
-%! [first, time] = uvCut ([noise, pitch2wave(57 * ones(1, 60), 100, 16000)], 16000);
+%! [first, time] = uvCut (note2wave ([0, 57], [0.25, 0.6], 16000), 16000);
 %! assert (first, 4000, 1024);
 %! assert (time, (first - 1) / 16000);

@@ -58,7 +58,8 @@ function message = messageOf (command, arguments, outputs = 1)
   end
 end
 
-function assertRefused (what, message, command, pattern)
+function message = assertRefused (what, pattern, command, varargin)
+  message = messageOf (command, varargin{:});
   refused = ! isempty (regexp (message, ["^" command ": " pattern], "once"));
   assert (refused, "%s: '%s' is not '%s'", what, message, pattern);
 end
@@ -85,27 +86,25 @@ end
 
 for call = calls'  % the numbers of inputs and outputs
   shortest = calls(find (strcmp ({calls.command}, call.command), 1));
-  message = messageOf (call.command, argumentsOf (shortest, named)(1:end-1));
-  assertRefused (call.name, message, call.command, ["usage is .*= " call.command " \\("]);
-  message = messageOf (call.command, argumentsOf (call, named), call.outputs + 1);
-  assertRefused (call.name, message, call.command, "(usage is|function called with too many outputs)");
+  usage = ["usage is .*= " call.command " \\("];
+  assertRefused (call.name, usage, call.command, argumentsOf (shortest, named)(1:end-1));
+  outputs = call.outputs + 1;
+  assertRefused (call.name, "(usage is|.* too many outputs)", call.command, argumentsOf (call, named), outputs);
 end
 
 for call = calls(ismember ({calls.name}, {bad.parameters.call}))'  % no option is missing in the list of bad values
   rows = bad.parameters(strcmp ({bad.parameters.call}, call.name));
   options = setdiff ({rows.parameter}, fieldnames (call.inputs));
-  message = messageOf (call.command, [argumentsOf(call, named), {"noSuchOption", 1}]);
-  assertRefused (call.name, message, call.command, '(usage is|no option is named "noSuchOption")');
+  unknown = [argumentsOf(call, named), {"noSuchOption", 1}];
+  message = assertRefused (call.name, '(usage is|no option is named "noSuchOption")', call.command, unknown);
   listed = regexp (message, '(?<=; there are ).*', "match", "once");
   listed = setdiff (strsplit (listed, ", "), {"", "none"});
   assert (isequal (listed(:), options(:)), "%s: there are %s", call.name, strjoin (listed, ", "));
 end
 
 wave = named.wave;
-stereo = messageOf ("waveEcho", {[wave; wave], 8000, 0, 0});
-assertRefused ("rows", stereo, "waveEcho", 'WAVE .* has 2 \(2 x 2000\), take one: wave\(1, :\)');
-stereo = messageOf ("uvCut", {zeros(2000, 6, "int16"), 8000});
-assertRefused ("columns", stereo, "uvCut", 'WAVE .* has 6 \(2000 x 6\), take one: wave\(:, 1\)');
-assertRefused ("no value", messageOf ("uvCut", {wave, 8000, "overlap"}), "uvCut", "OVERLAP must be followed");
-assertRefused ("no name", messageOf ("uvCut", {wave, 8000, 7, 1}), "uvCut", "an option's NAME is wanted");
+assertRefused ("rows", 'WAVE .* has 2 \(2 x 2000\), take one: wave\(1, :\)', "waveEcho", {[wave; wave], 8000, 0, 0});
+assertRefused ("columns", 'WAVE .* has 6 \(2000 x 6\), take one: wave\(:, 1\)', "uvCut", {zeros(2000, 6), 8000});
+assertRefused ("no value", "OVERLAP must be followed", "uvCut", {wave, 8000, "overlap"});
+assertRefused ("no name", "an option's NAME is wanted", "uvCut", {wave, 8000, 7, 1});
 assert (columns (wave2pitch (wave, 8000)), 7);  % the session goes on

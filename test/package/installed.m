@@ -4,7 +4,6 @@
 [pack, directory] = argv (){end-1:end};
 confirm_recursive_rmdir (false);
 if (isfolder (directory)) rmdir (directory, "s"); end
-tarballs = cell (1, 2);
 for i = 1:2  % packed twice, the same bytes
   [status, text] = system (sprintf ("'%s' '%s'", pack, fullfile (directory, num2str (i))));
   assert (status, 0);

@@ -71,8 +71,7 @@ sounds = {  % rate of what comes out, function and arguments
   1, {"waveFilter", 1, 1, wave}
   fs, {"waveEcho", wave, fs, 0.1, 0.5}
   4000, {"waveResample", wave, fs, 4000}
-  4000, {"pitch2wave", [60, 62], 4, 4000}
-  4000, {"note2wave", [60, 62], [1, 1], 4000}};
+  4000, {"pitch2wave", [60, 62], 4, 4000}};
 for sound = sounds'
   [rate, call] = sound{:};
   out = feval (call{:});

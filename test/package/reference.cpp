@@ -43,11 +43,6 @@ Doubles zeros(int count) {
     return Doubles(static_cast<std::size_t>(count));
 }
 
-template <typename... Values>
-Doubles row(Values... values) {
-    return {static_cast<double>(values)...};
-}
-
 void pitch() {
     for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
         PTPARAM param{};
@@ -77,7 +72,7 @@ void pitch() {
     cAudio::bGetPitch(shorts, pv, pvLen, fs, 16);
     give("wave2pv", 1, Ints(pv, pv + pvLen));
     std::free(pv);
-    give("isWaveSilence", 1, row(cAudio::isWaveSilence(shorts, fs, 16, 20000)));
+    give("isWaveSilence", 1, Ints{cAudio::isWaveSilence(shorts, fs, 16, 20000)});
 }
 
 void voice() {
@@ -125,7 +120,7 @@ void spectra() {
     cAudio::absSpectrogram(unit.data(), waveLen, frameSize, overlap, 1024, 0, magnitude.data());
     give("absSpectrogram", 1, magnitude);
     const int cut = cAudio::uvCut(samples.data(), waveLen, frameSize, overlap);
-    give("uvCut", 1, row(cut * (frameSize - overlap) + 1));
+    give("uvCut", 1, Ints{cut * (frameSize - overlap) + 1});
 }
 
 } // namespace
