@@ -90,8 +90,8 @@ void expectPlainPath(std::vector<Frame> run, const PTPARAM& p) {
             ASSERT_EQ(run[i][j].prevIndex, plain[i][j].prevIndex) << "frame " << i << ", candidate " << j;
             ASSERT_TRUE(isSame(run[i][j].totalDist, plain[i][j].totalDist)) << i << ", candidate " << j;
         }
-        ASSERT_EQ(A[i].bestIndex, lags[i]) << "frame " << i;
-        ASSERT_TRUE(lags[i] == -1 || open[i] == lags[i]) << "frame " << i << ": " << open[i];
+        ASSERT_EQ(A[i].bestIndex, lags[i]) << i;
+        ASSERT_TRUE(lags[i] == -1 || open[i] == lags[i]) << i << ": " << open[i];
     }
 }
 
@@ -99,16 +99,15 @@ TEST(Path, IsThatOfPlainLoops) {
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
     const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     const double special[] = {0.0, -0.0, HUGE_VAL, -HUGE_VAL, notANumber, 1e300};
-    const float weights[] = {0.0F, 1.0F, 6.0F, 0.1F, -2.0F, 1e30F};
+    const float weights[] = {0, 1, 0.1F, -2, 1e30F};
     const auto randomFrame = [&](int kind, int spread) {
-        Frame frame(size_t(1 + upTo(upTo(3) > 0 ? 20 : 200)));
-        int lag = upTo(upTo(8) > 0 ? 40 : 400);
+        Frame frame(size_t(upTo(upTo(3) > 0 ? 20 : 200))); // an empty one breaks the contract
+        int lag = upTo(400) - 20;
         for (PPC& candidate : frame) {
-            const double values[] = {double(upTo(3)), upTo(2000000000) / 1e3 - 1e6, special[upTo(6)], 5.0};
-            candidate = {upTo(200) > 0 ? lag : INT_MIN, values[kind], -7, -7.0};
+            const double values[] = {double(upTo(3)), upTo(2000000000) / 1e3 - 1e6, special[upTo(6)]};
+            candidate = {lag, values[kind], -7, -7.0};
             lag += 1 + upTo(spread);
         }
-        if (upTo(20) == 0) frame.clear(); // breaks the contract
         return frame;
     };
     withEveryKernel([&](const char* kernel) {
@@ -117,9 +116,9 @@ TEST(Path, IsThatOfPlainLoops) {
             p.pfLen = 400;
             p.dpMethod = upTo(4);
             p.dpPosDiffOrder = upTo(3);
-            p.indexDiffWeight = weights[upTo(6)];
+            p.indexDiffWeight = weights[upTo(5)];
             p.pfWeight = 0.37F;
-            const int kind = upTo(4);
+            const int kind = upTo(3);
             const int spread = upTo(2) > 0 ? 1 : 8;
             std::vector<Frame> run(4);
             for (Frame& frame : run) frame = randomFrame(kind, spread);
