@@ -5,7 +5,6 @@
 #include "audio/audio.hpp"
 
 #include <cstdio>
-#include <ctime>
 #include <fstream>
 #include <iterator>
 #include <unistd.h>
@@ -73,14 +72,6 @@ TEST(Console, InputArrivesInPiecesAndItsEndIsFatal) {
     EXPECT_EQ(myGets(buf), std::string(255, '0'));
     EXPECT_EQ(myGets(buf), std::string(45, '0') + "\n");
     EXPECT_EQ(fatalMessage([&] { myGets(buf); }), "Error reading string" + inUtility);
-}
-
-TEST(Console, SleepSpendsProcessorTime) {
-    const std::clock_t start = std::clock();
-    sleep(NAN);
-    sleep(-1.0F);
-    sleep(0.03F);
-    EXPECT_EQ((std::clock() - start) / 15000, 2);
 }
 
 } // namespace

@@ -39,16 +39,6 @@ TEST(Segment, RunsOfWhatIsAboveZero) {
     }
 }
 
-TEST(EndPointParameters, FollowTheRateAndArePrinted) {
-    const ConsoleCapture console;
-    cAudio::epdParamPrint(defaults(44100));
-    EXPECT_EQ(console.text(),
-              "epdParam.frameSize=705\nepdParam.overlap=0\nepdParam.volRatio=10\nepdParam.vhRatio=10\n"
-              "epdParam.diffOrder=4\nepdParam.volWeight=0.500000\nepdParam.extendNum=1\n"
-              "epdParam.minSegment=0.050000\nepdParam.maxSilBetweenWord=0.700000\n"
-              "epdParam.minLastWordDuration=0.100000\n");
-}
-
 /// Silence with loud stretches from their first to their last frame, of 128 samples.
 Ints madeOfFrames(int frameNum, Pieces bursts) {
     for (Piece& b : bursts) b = {128 * b.begin, 128 * (b.end + 1), b.amplitude};

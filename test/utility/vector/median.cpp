@@ -49,7 +49,7 @@ double medianByDefinition(Doubles v) {
     return (v[k] + upper) * 0.5;
 }
 
-TEST(Median, ExchangesDecideAmongZerosAndNotANumberWhateverTheOrder) {
+TEST(Median, IsThatOfTheDefiningSelection) {
     std::mt19937 random(5); // NOLINT(cert-msc51-cpp)
     const auto oneIn = [&](unsigned n) { return random() % n == 0; };
     for (unsigned round = 0; round < 4000; ++round) {
@@ -60,13 +60,16 @@ TEST(Median, ExchangesDecideAmongZerosAndNotANumberWhateverTheOrder) {
         for (int i = 0; i < n; ++i) {
             const int scattered = static_cast<int>(random() % 16) - 8;
             const int value = scattered + slope * (i - n / 2);
-            v.push_back(std::abs(value) < 5 ? std::copysign(0.0, oneIn(2) ? -1.0 : 1.0) : value);
-            if (round % 2 == 0 && oneIn(9)) v.back() = notANumber;
+            v.push_back(value);
+            if (round % 3 > 0 && std::abs(value) < 5) v.back() = oneIn(2) ? -0.0 : 0.0;
+            if (round % 3 > 1 && oneIn(9)) v.back() = notANumber;
         }
         const double expected = medianByDefinition(v);
         EXPECT_TRUE(isSame(vecMedian(v.data(), n), expected)) << round << ", " << n << ": " << expected;
         EXPECT_TRUE(isSame(vecMedianInPlace(v.data(), n), expected)) << round << ", in place";
     }
+    EXPECT_EQ(vecMedian(std::vector<short>{-3, 0}.data(), 2), -1); // truncated
+    EXPECT_EQ(vecMedian(Doubles().data(), 0), 0);
 }
 
 } // namespace

@@ -2,33 +2,6 @@
 
 namespace {
 
-double medianOf(const Doubles& vec) {
-    return vecMedian(vec.data(), lengthOf(vec));
-}
-
-TEST(Median, IsTheMiddleOfTheSortedValues) {
-    std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
-    for (unsigned round = 0; round < 5000; ++round) {
-        Doubles vec = randomDoubles(random, 1, round % 50 == 0 ? 1500 : 40, 1 + round % 37);
-        Doubles sorted = vec;
-        std::sort(sorted.begin(), sorted.end());
-        const double median = (sorted[(vec.size() - 1) / 2] + sorted[vec.size() / 2]) / 2;
-        ASSERT_EQ(medianOf(vec), median) << text(vec);
-        std::replace(vec.begin(), vec.end(), 0.0, -0.0);
-        ASSERT_EQ(medianOf(vec), median) << text(vec);
-    }
-    EXPECT_EQ(vecMedian(std::vector<short>{-3, 0}.data(), 2), -1); // truncated
-    EXPECT_EQ(medianOf({}), 0);
-}
-
-TEST(Median, NotANumberAndZerosStandWhereTheDefiningSelectionPutsThem) {
-    const double no = notANumber;
-    EXPECT_EQ(medianOf({no, 1, 2}), 1);
-    EXPECT_EQ(medianOf({no, 5, no, 3, 2, 1, 0, no}), 2.5);
-    EXPECT_TRUE(std::isnan(medianOf({4, 4, no, 1, 4, 8})));
-    EXPECT_FALSE(std::signbit(medianOf({-6, -5, -4, -3, -2, -1, 0, -0.0, -0.0, -0.0, 4, 5, 6})));
-}
-
 TEST(Median, ByCountingTakesTheBinThatReachesTheMiddle) {
     Ints bins(4, 9);
     const auto median = [&](const Ints& vec) {
@@ -61,16 +34,6 @@ TEST(QuickSort, SortsTheRangeAndMovesTheIndexAlong) {
     Ints index{0, 1, 2, 3, 4, 5, 6, 7};
     quickSort(ties, 0, 7, index.data());
     EXPECT_EQ(text(index), "7 4 1 5 6 0 2 3"); // the exchanges decide the order of ties
-}
-
-TEST(SortFunctions, OrderBySignOfTheDifference) {
-    const double doubles[] = {0, 0.5};
-    EXPECT_EQ(sortFunction(doubles, doubles + 1), -1);
-    EXPECT_EQ(sortFunction(doubles, doubles), 0);
-    EXPECT_EQ(sortFunction(doubles, &notANumber), 1);
-    const int ints[] = {INT_MIN, INT_MAX};
-    EXPECT_EQ(intSortFunction(ints, ints + 1), -1);
-    EXPECT_EQ(intSortFunction(ints + 1, ints), 1);
 }
 
 TEST(RangeSearch, IntervalsBeginAtTheirBoundary) {
