@@ -20,7 +20,7 @@ void Gnuplot::line(const char* format, ...) {
 }
 
 void Gnuplot::data(const std::vector<double>& values) {
-    std::fwrite(values.data(), sizeof(double), values.size(), pipe.get());
+    if (!values.empty()) std::fwrite(values.data(), sizeof(double), values.size(), pipe.get());
 }
 
 void Gnuplot::finish() {

@@ -19,18 +19,19 @@ Result scaled(Form form, const Doubles& query, int resolution, int type, double 
     double work[8], difference[8];
     const int n = lengthOf(query);
     Result r;
-    SCALEDVECSET set;
-    linearScaledVecCreate(query.data(), n, 0.5, 2, resolution, &set);
     if (form == plain)
         r.best = linearScaling(query.data(), n, reference, 8, 0.5, 2, resolution, type, r.distance.data(),
                                work, r.at);
     if (form == shifting)
         r.best = linearScaling(query.data(), n, reference, 8, 0.5, 2, resolution, type, r.distance.data(),
                                r.shift.data(), work, difference, r.at, cutoff);
-    if (form == prepared)
+    if (form == prepared) {
+        SCALEDVECSET set;
+        linearScaledVecCreate(query.data(), n, 0.5, 2, resolution, &set);
         r.best = linearScaling2(&set, reference, 8, type, r.distance.data(), r.shift.data(), nullptr,
                                 difference, r.at, cutoff);
-    linearScaledVecFree(&set);
+        linearScaledVecFree(&set);
+    }
     return r;
 }
 
