@@ -33,6 +33,7 @@ std::vector<Job> jobsOfFolder(const std::string& folder, bool raw) {
     if (names.empty()) return {{folder, "", "", "holds no recordings"}};
     std::sort(names.begin(), names.end());
     std::vector<Job> jobs;
+    jobs.reserve(names.size());
     for (const std::string& name : names) jobs.push_back({name, "", "", ""});
     return jobs;
 }

@@ -149,7 +149,7 @@ void sumGroup(const Task& task, const Work& work, const int* const* frame, size_
         for (size_t f = 0; f < frames; ++f) sumStraight(task, frame[f], pf + f * task.stride);
         return;
     }
-    const int* row[wordLanes];
+    const int* row[wordLanes] = {};
     Range range;
     for (size_t f = 0; f < frames; ++f) {
         int* const prepared = work.rows + f * (task.frameSize + 1);
@@ -176,7 +176,7 @@ void inGroups(const Task& task, const Sample* wave, const int* start, size_t fra
     const Work work(task, frameNum, block);
     for (size_t i = 0; i < frameNum; i += size) {
         const size_t frames = frameNum - i < size ? frameNum - i : size;
-        const Sample* frame[size];
+        const Sample* frame[size] = {};
         for (size_t f = 0; f < frames; ++f) frame[f] = wave + start[i + f];
         sumGroup(task, work, frame, frames, pf + i * task.stride);
     }
