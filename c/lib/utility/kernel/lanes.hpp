@@ -24,6 +24,12 @@ inline Lanes<Element, bytes> load(const Element* from) {
     return *reinterpret_cast<const typename LanesOf<Element, bytes>::Unaligned*>(from);
 }
 
+/// Writes all lanes to any address.
+template <typename Vector, typename Element>
+inline void store(const Vector& values, Element* to) {
+    __builtin_memcpy(to, &values, sizeof values);
+}
+
 /// The lanes joined by an operation that does not ask for their order, halves first.
 template <typename Element, std::size_t bytes, typename Join>
 inline Element joined(Lanes<Element, bytes> lanes, Join join) {

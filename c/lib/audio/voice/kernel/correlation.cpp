@@ -15,10 +15,6 @@ inline Floats floatsAt(const float* from) {
     return load<float, ownBytes>(from);
 }
 
-inline void store(const Floats& values, float* to) {
-    __builtin_memcpy(to, &values, sizeof values);
-}
-
 void turn(const Correlation& task) {
     const std::size_t span = task.windowLen + task.firstLag + task.lagNum - 1;
     for (std::size_t f = 0; f < frames; ++f) {

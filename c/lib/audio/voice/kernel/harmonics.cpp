@@ -16,10 +16,6 @@ inline Floats floatsAt(const float* from) {
     return load<float, ownBytes>(from);
 }
 
-inline void store(const Floats& values, float* to) {
-    __builtin_memcpy(to, &values, sizeof values);
-}
-
 template <std::size_t bytes>
 inline Lanes<float, bytes> reversed(const Lanes<float, bytes>& x) {
     if constexpr (bytes == 16)
