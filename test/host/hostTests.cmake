@@ -12,7 +12,7 @@ target_compile_definitions(mexhostTest PRIVATE
 add_dependencies(mexhostTest mexhost probe wave2pfMat wavepitchLibrary)
 
 add_executable(shellTest host/shell.cpp)   # of the library it sees what a user sees
-target_link_libraries(shellTest PRIVATE GTest::gtest_main ${SNDFILE} wavepitchWarnings)
+target_link_libraries(shellTest PRIVATE GTest::gtest_main ${SNDFILE_LIBRARY} wavepitchWarnings)
 add_test(NAME shellTest COMMAND shellTest)
 target_compile_definitions(shellTest PRIVATE
   WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"

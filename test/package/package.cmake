@@ -1,9 +1,8 @@
 # The Octave package and the module behind it in the real host.
-find_library(SNDFILE sndfile REQUIRED)
 add_executable(libraryReference package/reference.cpp)
 target_include_directories(libraryReference PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(libraryReference PRIVATE
-  wavepitch::audio wavepitch::standIn wavepitchWarnings ${SNDFILE})
+  wavepitch::audio wavepitch::standIn wavepitchWarnings ${SNDFILE_LIBRARY})
 target_compile_definitions(libraryReference PRIVATE WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 
 set(here ${CMAKE_CURRENT_SOURCE_DIR}/package)
