@@ -80,6 +80,8 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         {"wavepitch wave2volume three.wav frameSize=2 overlap=1 nbits=8 --columns", "0.001 64\n0.002 32\n"},
         {"wavepitch endPoints silence.wav method=character",
          "start,end,firstSample,lastSample\n0,0.426,1,426\n"},
+        {"wavepitch endPoints silence.wav method=handset", "start,end,firstSample,lastSample\n"},
+        {"wavepitch endPoints $SPEECH method=volume volRatio=2 | wc -l", "12\n"},
         {"wavepitch endPoints silence.wav METHOD=character --labels", "0\t0.426\t1\n"},
         {"wavepitch absSpectrogram silence.wav frameSize=2 overlap=0 | head -1", "time,0,500\n"},
         {"wavepitch wave2f0 $SPEECH --show correlation | head -c 14", "time,0.001125,"},
@@ -159,6 +161,9 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         {"ulimit -f 20; wavepitch wave2f0 $SPEECH --show correlation -o x", "ended by a signal: File size"},
         {"trap '' XFSZ; ulimit -f 20; wavepitch wave2f0 $SPEECH --show correlation -o x",
          "x: cannot be written"},
+        {"head -c 2000000 /dev/zero >z; wavepitch wave2frames z --raw 8000:s8 frameSize=1000000 "
+         "overlap=999999",
+         "the result would have"},
         {"wavepitch isWaveSilence $SPEECH --columns", "silent has no times"},
         {"wavepitch pitch2freq 69,", "PITCH must be"},
     };

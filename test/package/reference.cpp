@@ -159,8 +159,8 @@ void waveforms() {
 void sounds() {
     const Doubles pitch{60, 0, 67};
     const Doubles duration{0.3, 0.1, 0.25};
-    Doubles wave = zeros(4800);
-    cAudio::pitch2wave(pitch.data(), 3, 4, 8000, wave.data(), 4800);
+    Doubles wave = zeros(4801);
+    cAudio::pitch2wave(pitch.data(), 3, 4, 8000, wave.data(), 4801);
     give("pitch2wave", 1, wave);
     wave = zeros(5200);
     cAudio::note2wave(pitch.data(), 3, duration.data(), 8000, wave.data(), 5200);
