@@ -82,6 +82,7 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
          "start,end,firstSample,lastSample\n0,0.426,1,426\n"},
         {"wavepitch endPoints silence.wav method=handset", "start,end,firstSample,lastSample\n"},
         {"wavepitch endPoints $SPEECH method=volume volRatio=2 | wc -l", "12\n"},
+        {"wavepitch endPoints $SPEECH method=volume --show curve | tail -1", "5.496,52\n"},
         {"wavepitch endPoints silence.wav METHOD=character --labels", "0\t0.426\t1\n"},
         {"wavepitch absSpectrogram silence.wav frameSize=2 overlap=0 | head -1", "time,0,500\n"},
         {"wavepitch wave2f0 $SPEECH --show correlation | head -c 14", "time,0.001125,"},
@@ -164,6 +165,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         {"head -c 2000000 /dev/zero >z; wavepitch wave2frames z --raw 8000:s8 frameSize=1000000 "
          "overlap=999999",
          "the result would have"},
+        {"wavepitch wave2pv z --raw 1:s8", "FS is too low"},
         {"wavepitch isWaveSilence $SPEECH --columns", "silent has no times"},
         {"wavepitch pitch2freq 69,", "PITCH must be"},
     };

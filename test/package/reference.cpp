@@ -166,8 +166,8 @@ void sounds() {
     cAudio::note2wave(pitch.data(), 3, duration.data(), 8000, wave.data(), 5200);
     give("note2wave", 1, wave);
     const Doubles notes{60, 0.3, 0, 0.1, 67, 0.25};
-    Doubles pv = zeros(16);
-    cAudio::note2pv(notes.data(), 6, 0.04, pv.data(), 16);
+    Doubles pv = zeros(15);
+    cAudio::note2pv(notes.data(), 6, 0.044, pv.data(), 15);
     give("note2pv", 1, pv);
     give("pitch2freq", 1, row(cAudio::pitch2freq(70.5F)));
     give("freq2pitch", 1, row(cAudio::freq2pitch(441.5F)));
