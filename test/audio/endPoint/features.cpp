@@ -35,6 +35,7 @@ TEST(Ashod, SaturatesAndRefusesOtherOrders) {
     const auto endWithOrder = [&](int order) { cAudio::wave2ashod(wide, 3, 3, 0, nullptr, order); };
     EXPECT_EXIT(endWithOrder(0), testing::ExitedWithCode(1), "");
     EXPECT_EXIT(endWithOrder(6), testing::ExitedWithCode(1), "");
+    cAudio::wave2ashod(wide, 2, 3, 0, nullptr, 6); // no frame, no order
 }
 
 TEST(LocalAverage, EachTermIsRoundedByItself) {
