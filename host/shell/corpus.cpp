@@ -109,9 +109,20 @@ private:
                 refused(next, job.refusal);
             else if (course.resume && isDone(job))
                 leaveOut(next);
-            else
-                start(next);
+            else if (!starts(next))
+                break;
         }
+    }
+
+    /// Where the system has no room for one more, those that run make some: the job waits.
+    bool starts(size_t job) {
+        try {
+            start(job);
+        } catch (const std::runtime_error& error) {
+            if (!children.empty()) return false;
+            refused(job, error.what());
+        }
+        return true;
     }
 
     void start(size_t job) {
@@ -144,19 +155,25 @@ private:
         return status;
     }
 
+    static void handOver(const std::string& text, std::FILE* result) {
+        if (std::fputs(text.c_str(), result) < 0 || std::fflush(result) != 0)
+            throw std::runtime_error(std::string("scratch file: ") + std::strerror(errno));
+    }
+
     void doJob(const Job& job, const std::string& itsMark, std::FILE* result) const {
         const Analysis analysis = analyse(request, job.recording);
         if (request.format == Format::wav)
             writeWhole(job.table, itsMark,
                        [&](const std::string& path) { writeSound(request, analysis, path); });
         else if (writesToOutput(job))
-            std::fputs(textOf(request, analysis, jobs.size() > 1 ? job.recording : "").c_str(), result);
+            handOver(textOf(request, analysis, jobs.size() > 1 ? job.recording : ""), result);
         else
             writeWhole(job.table, itsMark,
                        [&](const std::string& path) { writeContents(path, textOf(request, analysis, "")); });
         if (job.picture.empty()) return;
-        const std::string title =
-            request.function->name + " (" + std::filesystem::path(job.recording).filename().string() + ")";
+        std::string title = request.function->name;
+        if (!job.recording.empty())
+            title += " (" + std::filesystem::path(job.recording).filename().string() + ")";
         writeWhole(job.picture, itsMark,
                    [&](const std::string& path) { draw(request, analysis, title, path); });
     }

@@ -12,7 +12,8 @@ namespace shell {
 
 namespace {
 
-/// Outputs that are no curves. The first output of a function is never the axis of another.
+/// Outputs that are no curves. The first output of a function is never the axis of another, and behind a
+/// curve there is a number for each of its values.
 const std::vector<Output> namedForms = {{"time", Form::time, ""},
                                         {"segments", Form::segments, ""},
                                         {"pfMat", Form::matrix, "lag"},
@@ -25,6 +26,14 @@ const std::vector<Output> namedForms = {{"time", Form::time, ""},
                                         {"distances", Form::list, ""},
                                         {"shifts", Form::list, ""},
                                         {"param", Form::record, ""},
+                                        {"silent", Form::number, ""},
+                                        {"code", Form::number, ""},
+                                        {"meaning", Form::number, ""},
+                                        {"first", Form::number, ""},
+                                        {"distance", Form::number, ""},
+                                        {"position", Form::number, ""},
+                                        {"shift", Form::number, ""},
+                                        {"ratio", Form::number, ""},
                                         {"out", Form::sound, ""},
                                         {"wave", Form::sound, ""}};
 
@@ -54,16 +63,36 @@ std::string summaryOf(const std::string& help, const std::string& name) {
     return line.size() > name.size() ? line.substr(line.find_first_not_of(' ', name.size())) : line;
 }
 
+/// The names that lines of the section on options begin with, before two blanks.
+std::vector<std::string> optionNamesOf(const std::string& help) {
+    static const std::regex section("\nOptions, in any case\n((  .*\n)*)");
+    static const std::regex line("(^|\n)  ([A-Za-z]\\w*(, \\w+)*)  ");
+    std::smatch options;
+    std::vector<std::string> names;
+    if (!std::regex_search(help, options, section)) return names;
+    const std::string text = options[1];
+    for (auto it = std::sregex_iterator(text.begin(), text.end(), line); it != std::sregex_iterator(); ++it) {
+        const auto more = words((*it)[2]);
+        names.insert(names.end(), more.begin(), more.end());
+    }
+    return names;
+}
+
 Function functionOf(const Command& command, const std::string& room) {
     const std::string usage = command.usage;
     const size_t equals = usage.find('=');
-    Function result{command.name, room, "", helpOf(command.name), {}, false, {}};
+    Function result{command.name, room, "", helpOf(command.name), {}, false, {}, {}};
     result.summary = summaryOf(result.help, result.name);
     result.inputs = words(usage.substr(usage.find('(')));
     result.options = result.takes("value");
     if (result.options) result.inputs.resize(result.inputs.size() - 2);
-    for (const std::string& name : words(usage.substr(0, equals)))
-        result.outputs.push_back(outputOf(name, result.outputs.empty()));
+    if (result.options) result.optionNames = optionNamesOf(result.help);
+    for (const std::string& name : words(usage.substr(0, equals))) {
+        Output output = outputOf(name, result.outputs.empty());
+        const bool isOfEach = !result.outputs.empty() && result.outputs.front().form == Form::curve;
+        if (isOfEach && output.form == Form::number) output.form = Form::curve;
+        result.outputs.push_back(output);
+    }
     return result;
 }
 

@@ -8,7 +8,8 @@ namespace shell {
 
 /// What an output of a function is, told by its name.
 enum class Form {
-    curve,    // a value for each frame, or a single one
+    curve,    // a value for each frame, or for each element of an input
+    number,   // a single value or text
     time,     // of the frames, in seconds
     segments, // first and last sample of each
     matrix,   // a column for each frame
@@ -30,7 +31,8 @@ struct Function {
     std::string summary; // one line
     std::string help;    // all of it
     std::vector<std::string> inputs;
-    bool options; // whether name-value pairs follow the inputs
+    bool options;                         // whether name-value pairs follow the inputs
+    std::vector<std::string> optionNames; // those that the help tells of
     std::vector<Output> outputs;
 
     bool takes(const std::string& input) const;

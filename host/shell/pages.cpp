@@ -51,7 +51,7 @@ for a table of numbers. A recording whose own name has this form is written with
 that take no recording take their inputs in order.
 .PP
 Several recordings are analysed side by side, each in a process of its own; their order and number change no
-result. One that cannot be read, or that the function refuses, is named on standard error with its reason, and the
+result. On a terminal the program pv draws a bar, where it is installed. One that cannot be read, or that the function refuses, is named on standard error with its reason, and the
 others go on. Every file is written under another name and gets its own when it is whole.
 .SH OPTIONS
 )";
@@ -119,6 +119,7 @@ std::string completion(const CLI::App& app) {
         text += "    " + function.name + ") inputs=\"";
         for (const std::string& input : function.inputs)
             if (input != "wave" && !function.isRate(input)) text += input + "= ";
+        for (const std::string& name : function.optionNames) text += name + "= ";
         text += "\" ;;\n";
     }
     return text +

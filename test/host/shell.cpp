@@ -68,6 +68,9 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         std::string call, out;
     } cases[] = {
         {"pitch2freq 69,81 --json", "{\"frequency\":[440.0,880.0]}\n"},
+        {"lrShiftDist -1,-2 3,2,9 --json", "{\"distance\":0.0,\"position\":1.0,\"shift\":-4.0}\n"},
+        {"ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
+        {"pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
         {"setCover sets=@sets.csv", "chosen,coverage\n2,0.6\n1,1\n"},
         {"setCover sets=@sets.csv maxSetNum=1 --tsv", "chosen\tcoverage\n2\t0.6\n"},
         {"wave2frames three.wav frameSize=2 overlap=1",
@@ -107,6 +110,8 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         {"$SPEECH --raw 8:x", "\"8:x\" must be RATE:FORMAT"},
         {"$SPEECH --show x", "no output is named \"x\"; there are f0"},
         {"$SPEECH -o empty.wav/x", "empty.wav/x: cannot be written: Not a directory"},
+        {"empty.wav --png ./empty.wav", "empty.wav: would be overwritten"},
+        {"$SPEECH -o x --png x", "would write x"},
         {"$SPEECH -o /dev/full", "No space left on device"},
         {"$SPEECH >/dev/full", "standard output cannot be written"},
     };
@@ -124,6 +129,47 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         EXPECT_EQ(result.err.find('\n') + 1, result.err.size()) << call;
         EXPECT_NE(result.err.find(message), std::string::npos) << call << ": " << result.err;
     }
+}
+
+/// A folder that root, too, cannot write, and one that root cannot read, as any other user finds them.
+TEST_F(Shell, WhatRightsRefuseIsNamedAndTheRestIsDone) {
+    setenv("ANYBODY", geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search" : "", 1);
+    bash("mkdir -p in/closed in/open locked; cp $SPEECH in/open; chmod 000 in/closed; chmod 555 locked");
+    if (bash("$ANYBODY true").status != 0) GTEST_SKIP() << "skipped: root cannot give up its rights";
+    const Result locked = bash("$ANYBODY wavepitch wave2f0 $SPEECH --out-dir locked --pictures");
+    EXPECT_EQ(locked.status, 1);
+    EXPECT_NE(locked.err.find("speech8k.csv: cannot be written: Permission denied\n"), std::string::npos)
+        << locked.err;
+    const Result closed = bash("$ANYBODY wavepitch wave2f0 -r in --out-dir out");
+    EXPECT_EQ(closed.status, 1);
+    EXPECT_NE(closed.err.find("in/closed: Permission denied\n"), std::string::npos) << closed.err;
+    EXPECT_TRUE(fs::exists("out/in/open/speech8k.csv")) << closed.err;
+}
+
+TEST_F(Shell, NothingStandsOnAFullDiskThatIsNotWhole) {
+    fs::create_directory("disk");
+    setenv("ON_DISK", "unshare -rm bash -c 'mount -t tmpfs -o size=16k none disk && \"$@\"; ls -A disk' -", 1);
+    if (bash("eval \"$ON_DISK true\"").err != "") GTEST_SKIP() << "skipped: no disk can be mounted";
+    for (const std::string file : {"--show correlation -o disk/a.csv", "--png disk/a.png"}) {
+        const Result result = bash("eval \"$ON_DISK wavepitch wave2f0 $SPEECH " + file + "\" >names");
+        EXPECT_NE(result.err.find(": cannot be written: "), std::string::npos) << file << ": " << result.err;
+        EXPECT_EQ(contents("names").find("a."), std::string::npos) << file;
+    }
+}
+
+TEST_F(Shell, NamesMayHoldAnything) {
+    fs::create_directory("in");
+    for (const std::string name : {"a b", "q'\"", "new\nline", "-f", "-1", "a=b", "$x`"}) {
+        fs::copy(WAVEPITCH_EXAMPLES "/speech8k.wav", "in/" + name);
+        const Result result = bash("cd in; printf '%s\\0' *");
+    }
+}
+
+TEST_F(Shell, OptionsOfAFunctionAreCompleted) {
+    const Result result = bash("source $COMPLETION; compopt() { :; }; "
+                               "for name in $(wavepitch wave2f0 $SPEECH x=1 |& sed 's/.*there are//; s/,//g'); do "
+                               "COMP_WORDS=(wavepitch wave2f0 a.wav ${name::-1}); COMP_CWORD=3; _wavepitch; "
+                               "echo $name ${COMPREPLY[*]}; done");
 }
 
 /// 60 recordings and a broken one, and what becomes of them one after the other.
