@@ -63,10 +63,10 @@ std::string summaryOf(const std::string& help, const std::string& name) {
     return line.size() > name.size() ? line.substr(line.find_first_not_of(' ', name.size())) : line;
 }
 
-/// The names that lines of the section on options begin with, before two blanks.
+/// The names that lines of the section on options begin with; a sentence there begins with a capital.
 std::vector<std::string> optionNamesOf(const std::string& help) {
     static const std::regex section("\nOptions, in any case\n((  .*\n)*)");
-    static const std::regex line("(^|\n)  ([A-Za-z]\\w*(, \\w+)*)  ");
+    static const std::regex line("(^|\n)  ([a-z]\\w*(, \\w+)*) ");
     std::smatch options;
     std::vector<std::string> names;
     if (!std::regex_search(help, options, section)) return names;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sndfile.hh>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -140,36 +141,59 @@ TEST_F(Shell, WhatRightsRefuseIsNamedAndTheRestIsDone) {
     EXPECT_EQ(locked.status, 1);
     EXPECT_NE(locked.err.find("speech8k.csv: cannot be written: Permission denied\n"), std::string::npos)
         << locked.err;
-    const Result closed = bash("$ANYBODY wavepitch wave2f0 -r in --out-dir out");
+    const Result closed = bash("$ANYBODY wavepitch wave2f0 -r in --out-dir done");
     EXPECT_EQ(closed.status, 1);
     EXPECT_NE(closed.err.find("in/closed: Permission denied\n"), std::string::npos) << closed.err;
-    EXPECT_TRUE(fs::exists("out/in/open/speech8k.csv")) << closed.err;
+    EXPECT_TRUE(fs::exists("done/in/open/speech8k.csv")) << closed.err;
 }
 
 TEST_F(Shell, NothingStandsOnAFullDiskThatIsNotWhole) {
     fs::create_directory("disk");
-    setenv("ON_DISK", "unshare -rm bash -c 'mount -t tmpfs -o size=16k none disk && \"$@\"; ls -A disk' -", 1);
-    if (bash("eval \"$ON_DISK true\"").err != "") GTEST_SKIP() << "skipped: no disk can be mounted";
-    for (const std::string file : {"--show correlation -o disk/a.csv", "--png disk/a.png"}) {
-        const Result result = bash("eval \"$ON_DISK wavepitch wave2f0 $SPEECH " + file + "\" >names");
+    const auto onDisk = [](const std::string& line) {
+        return bash("unshare -rm bash -c 'mount -t tmpfs -o size=16k none disk && " + line + "; ls -A disk'");
+    };
+    if (onDisk("echo here").out != "here\n") GTEST_SKIP() << "skipped: no disk can be mounted";
+    for (const char* file : {"--show correlation -o disk/a.csv", "--png disk/a.png"}) {
+        const Result result = onDisk("wavepitch wave2f0 $SPEECH " + std::string(file) + " >/dev/null");
         EXPECT_NE(result.err.find(": cannot be written: "), std::string::npos) << file << ": " << result.err;
-        EXPECT_EQ(contents("names").find("a."), std::string::npos) << file;
+        EXPECT_EQ(result.out, "") << file;
     }
 }
 
 TEST_F(Shell, NamesMayHoldAnything) {
+    const std::string names[] = {"a b=c.wav", "q'\".wav", "new\nline.wav", "-f.wav", "-1.wav", "$x`.wav"};
     fs::create_directory("in");
-    for (const std::string name : {"a b", "q'\"", "new\nline", "-f", "-1", "a=b", "$x`"}) {
-        fs::copy(WAVEPITCH_EXAMPLES "/speech8k.wav", "in/" + name);
-        const Result result = bash("cd in; printf '%s\\0' *");
+    for (const std::string& name : names) fs::copy(WAVEPITCH_EXAMPLES "/speech8k.wav", "in/" + name);
+    bash("find in -type f -print0 | wavepitch wave2f0 -0 - --out-dir listed");
+    bash("wavepitch wave2f0 -r in --out-dir found --pictures");
+    bash("cd in; wavepitch wave2f0 --out-dir ../given/in -- *");
+    const std::string expected = bash("wavepitch wave2f0 $SPEECH").out;
+    for (const std::string& name : names) {
+        for (const char* folder : {"listed/in", "found/in", "given/in"})
+            EXPECT_EQ(contents(fs::path(folder) / fs::path(name).replace_extension(".csv")), expected)
+                << folder << ": " << name;
+        EXPECT_TRUE(fs::exists("found/in" / fs::path(name).replace_extension(".png"))) << name;
     }
 }
 
-TEST_F(Shell, OptionsOfAFunctionAreCompleted) {
-    const Result result = bash("source $COMPLETION; compopt() { :; }; "
-                               "for name in $(wavepitch wave2f0 $SPEECH x=1 |& sed 's/.*there are//; s/,//g'); do "
-                               "COMP_WORDS=(wavepitch wave2f0 a.wav ${name::-1}); COMP_CWORD=3; _wavepitch; "
-                               "echo $name ${COMPREPLY[*]}; done");
+TEST_F(Shell, PictureOfThePitchIsTheSameInEitherUnit) {
+    bash("wavepitch wave2f0 $SPEECH --png a.png; wavepitch wave2f0 $SPEECH unit=semitone --png b.png");
+    EXPECT_EQ(bash("cmp a.png b.png").out, "");
+}
+
+TEST_F(Shell, EachOptionOfAFunctionIsCompleted) {
+    for (const char* function : {"wave2f0", "wave2volume", "absSpectrogram"}) {
+        const std::string call = "wavepitch " + std::string(function) + " $SPEECH ";
+        const Result result = bash("source " WAVEPITCH_COMPLETION "; compopt() { :; }\n"
+                                   "for name in $(" +
+                                   call +
+                                   "x=1 |& sed 's/.*there are//; s/[,\"]//g'); do\n"
+                                   "COMP_WORDS=(" +
+                                   call +
+                                   "${name%?}); COMP_CWORD=3; _wavepitch\n"
+                                   "[[ \" ${COMPREPLY[*]} \" == *\" $name= \"* ]] || echo $name; done");
+        EXPECT_EQ(result.out, "") << function << ": not completed";
+    }
 }
 
 /// 60 recordings and a broken one, and what becomes of them one after the other.
@@ -191,8 +215,8 @@ protected:
 TEST_F(Corpus, IsTheSameSideBySide) {
     bash("wavepitch wave2f0 -r in --out-dir many -j 8");
     expectSame("many");
-    bash("wavepitch wave2f0 $SPEECH -o alone.csv");
-    EXPECT_EQ(contents("alone.csv"), contents("one/in/10/speech8k.csv"));
+    bash("touch linked.csv; ln -s linked.csv alone.csv; wavepitch wave2f0 $SPEECH -o alone.csv");
+    EXPECT_EQ(contents("linked.csv"), contents("one/in/10/speech8k.csv"));
 }
 
 TEST_F(Corpus, IsWholeOrAbsentWhenInterruptedAndIsResumed) {
