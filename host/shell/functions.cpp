@@ -54,7 +54,11 @@ std::string helpOf(const std::string& name) {
     const auto text = std::find_if(helpTexts.begin(), helpTexts.end(),
                                    [&](const HelpText& candidate) { return candidate.function == name; });
     if (text == helpTexts.end()) return "";
-    return std::regex_replace(text->comment, std::regex("(^|\n)% ?"), "$1");
+    std::istringstream lines(text->comment);
+    std::string help;
+    for (std::string line; std::getline(lines, line);)
+        help += line.substr(line.starts_with("% ") ? 2 : line.starts_with('%') ? 1 : 0) + '\n';
+    return help;
 }
 
 /// The first line, without the name that it begins with.
@@ -63,30 +67,14 @@ std::string summaryOf(const std::string& help, const std::string& name) {
     return line.size() > name.size() ? line.substr(line.find_first_not_of(' ', name.size())) : line;
 }
 
-/// The names that lines of the section on options begin with; a sentence there begins with a capital.
-std::vector<std::string> optionNamesOf(const std::string& help) {
-    static const std::regex section("\nOptions, in any case\n((  .*\n)*)");
-    static const std::regex line("(^|\n)  ([a-z]\\w*(, \\w+)*) ");
-    std::smatch options;
-    std::vector<std::string> names;
-    if (!std::regex_search(help, options, section)) return names;
-    const std::string text = options[1];
-    for (auto it = std::sregex_iterator(text.begin(), text.end(), line); it != std::sregex_iterator(); ++it) {
-        const auto more = words((*it)[2]);
-        names.insert(names.end(), more.begin(), more.end());
-    }
-    return names;
-}
-
 Function functionOf(const Command& command, const std::string& room) {
     const std::string usage = command.usage;
     const size_t equals = usage.find('=');
-    Function result{command.name, room, "", helpOf(command.name), {}, false, {}, {}};
+    Function result{command.name, room, "", helpOf(command.name), {}, false, {}};
     result.summary = summaryOf(result.help, result.name);
     result.inputs = words(usage.substr(usage.find('(')));
     result.options = result.takes("value");
     if (result.options) result.inputs.resize(result.inputs.size() - 2);
-    if (result.options) result.optionNames = optionNamesOf(result.help);
     for (const std::string& name : words(usage.substr(0, equals))) {
         Output output = outputOf(name, result.outputs.empty());
         const bool isOfEach = !result.outputs.empty() && result.outputs.front().form == Form::curve;

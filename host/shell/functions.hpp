@@ -31,8 +31,7 @@ struct Function {
     std::string summary; // one line
     std::string help;    // all of it
     std::vector<std::string> inputs;
-    bool options;                         // whether name-value pairs follow the inputs
-    std::vector<std::string> optionNames; // those that the help tells of
+    bool options; // whether name-value pairs follow the inputs
     std::vector<Output> outputs;
 
     bool takes(const std::string& input) const;
