@@ -12,6 +12,7 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,8 +22,10 @@ namespace {
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
+/// A file in memory, which no full disk concerns.
 File scratchFile() {
-    File file(std::tmpfile(), std::fclose);
+    const int descriptor = memfd_create("wavepitch", 0);
+    File file(descriptor < 0 ? nullptr : fdopen(descriptor, "w+"), std::fclose);
     if (!file) throw std::runtime_error(std::string("no scratch file: ") + std::strerror(errno));
     return file;
 }
@@ -131,7 +134,10 @@ private:
         std::fflush(nullptr);
         const pid_t pid = fork();
         if (pid < 0) throw std::runtime_error(std::string("no process: ") + std::strerror(errno));
-        if (pid == 0) _exit(runJob(child, itsMark));
+        if (pid == 0) {
+            children.clear(); // their files are the parent's to read
+            _exit(runJob(child, itsMark));
+        }
         setpgid(pid, pid); // a picture's program ends with its job
         children.emplace(pid, std::move(child));
     }
