@@ -18,7 +18,7 @@ struct TUNE {
 struct TUNESEARCH {
     double lowerRatio = 0.5; ///< of scale 0
     double upperRatio = 2;   ///< of scale resolution - 1
-    int resolution = 51;     ///< number of scales
+    int resolution = 61;     ///< number of scales
     int distanceType = 1;    ///< 1 mean absolute difference, 2 mean squared difference
 };
 
