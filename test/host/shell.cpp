@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sndfile.hh>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -69,6 +70,9 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
     } cases[] = {
         {"wavepitch pitch2freq 69,81 --json", "{\"frequency\":[440.0,880.0]}\n"},
         {"wavepitch pitch2freq -3", "frequency\n0\n"},
+        {"wavepitch lrShiftDist -1,-2 3,2,9 --json", "{\"distance\":0.0,\"position\":1.0,\"shift\":-4.0}\n"},
+        {"wavepitch ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
+        {"wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
         {"wavepitch setCover sets=@sets.csv", "chosen,coverage\n2,0.6\n1,1\n"},
         {"wavepitch setCover sets=@sets.csv maxSetNum=2 maxSetNum=1 --tsv", "chosen\tcoverage\n2\t0.6\n"},
         {"wavepitch wave2frames three.wav frameSize=2 overlap=1",
@@ -121,8 +125,10 @@ TEST_F(Shell, PicturesShowWhatThePackageDraws) {
         std::string call, line; // of what gnuplot is told
     } cases[] = {
         {"endPoints $SPEECH", "first 76623 to graph 1"}, // the threshold
-        {"wave2f0 $SPEECH", "array=(343,37)"},           // the lower part of the spectrogram
+        {"wave2f0 $SPEECH", "array=(1096,73)"},          // the lower part of the spectrogram
         {"wave2pitch $SPEECH --show pfMat", "dx=0.032000000000000001 dy=0.125"}, // s, ms
+        {"wave2pitch $SPEECH", "lc rgb '#000000'"}, // lags over the pitch function
+        {"note2wave 69 0.5 8000", "set xrange [0:0.5]"},
         {"uvCut $SPEECH", "from first 0.432, graph 0"},
     };
     bash("mkdir bin; printf '#!/bin/sh\ncat >script' >bin/gnuplot; chmod +x bin/gnuplot");
@@ -157,6 +163,8 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         {"wavepitch wave2f0 $SPEECH $SPEECH -o x", "-o and --png are for one recording"},
         {"wavepitch wave2f0 eight.wav --mix -o eight.wav", "eight.wav: would be overwritten"},
         {"wavepitch wave2f0 $SPEECH -o empty.wav/x", "empty.wav/x: cannot be written: Not a directory"},
+        {"wavepitch wave2f0 empty.wav --png ./empty.wav", "empty.wav: would be overwritten"},
+        {"wavepitch wave2f0 $SPEECH -o x --png x", "would write x"},
         {"wavepitch wave2f0 $SPEECH -o /dev/full", "No space left on device"},
         {"wavepitch wave2f0 $SPEECH >/dev/full", "standard output cannot be written"},
         {"ulimit -f 20; wavepitch wave2f0 $SPEECH --show correlation -o x", "ended by a signal: File size"},
@@ -190,6 +198,71 @@ TEST_F(Shell, InterruptionEndsWhatIsRunning) {
     EXPECT_EQ(bash("mkfifo pipe; timeout -k 9 -s INT 0.3 wavepitch wave2f0 pipe").status, 124) << "waits";
 }
 
+/// A folder that root, too, cannot write, and one that root cannot read, as any other user finds them.
+TEST_F(Shell, WhatRightsRefuseIsNamedAndTheRestIsDone) {
+    setenv("ANYBODY", geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search" : "", 1);
+    bash("mkdir -p in/closed in/open locked; cp $SPEECH in/open; chmod 000 in/closed; chmod 555 locked");
+    if (bash("$ANYBODY true").status != 0) GTEST_SKIP() << "skipped: root cannot give up its rights";
+    const Result locked = bash("$ANYBODY wavepitch wave2f0 $SPEECH --out-dir locked --pictures");
+    EXPECT_EQ(locked.status, 1);
+    EXPECT_NE(locked.err.find("speech8k.csv: cannot be written: Permission denied\n"), std::string::npos)
+        << locked.err;
+    const Result closed = bash("$ANYBODY wavepitch wave2f0 -r in --out-dir done");
+    bash("chmod 755 in/closed locked"); // to be removed
+    EXPECT_EQ(closed.status, 1);
+    EXPECT_NE(closed.err.find("in/closed: Permission denied\n"), std::string::npos) << closed.err;
+    EXPECT_TRUE(fs::exists("done/in/open/speech8k.csv")) << closed.err;
+}
+
+TEST_F(Shell, NothingStandsOnAFullDiskThatIsNotWhole) {
+    fs::create_directory("disk");
+    const auto onDisk = [](const std::string& line) {
+        return bash("unshare -rm bash -c 'mount -t tmpfs -o size=16k none disk && " + line + "; ls -A disk'");
+    };
+    if (onDisk("echo here").out != "here\n") GTEST_SKIP() << "skipped: no disk can be mounted";
+    for (const char* file : {"--show correlation -o disk/a.csv", "--png disk/a.png"}) {
+        const Result result = onDisk("wavepitch wave2f0 $SPEECH " + std::string(file) + " >/dev/null");
+        EXPECT_NE(result.err.find(": cannot be written: "), std::string::npos) << file << ": " << result.err;
+        EXPECT_EQ(result.out, "") << file;
+    }
+}
+
+TEST_F(Shell, NamesMayHoldAnything) {
+    const std::string names[] = {"a b=c.wav", "q'\".wav", "new\nline.wav", "-f.wav", "-1.wav", "$x`.wav"};
+    fs::create_directory("in");
+    for (const std::string& name : names) fs::copy(WAVEPITCH_EXAMPLES "/speech8k.wav", "in/" + name);
+    bash("find in -type f -print0 | wavepitch wave2f0 -0 - --out-dir listed");
+    bash("wavepitch wave2f0 -r in --out-dir found --pictures");
+    bash("cd in; wavepitch wave2f0 --out-dir ../given/in -- *");
+    const std::string expected = bash("wavepitch wave2f0 $SPEECH").out;
+    for (const std::string& name : names) {
+        for (const char* folder : {"listed/in", "found/in", "given/in"})
+            EXPECT_EQ(contents(fs::path(folder) / fs::path(name).replace_extension(".csv")), expected)
+                << folder << ": " << name;
+        EXPECT_TRUE(fs::exists("found/in" / fs::path(name).replace_extension(".png"))) << name;
+    }
+}
+
+TEST_F(Shell, PictureOfThePitchIsTheSameInEitherUnit) {
+    bash("wavepitch wave2f0 $SPEECH --png a.png; wavepitch wave2f0 $SPEECH unit=semitone --png b.png");
+    EXPECT_EQ(bash("cmp a.png b.png").out, "");
+}
+
+TEST_F(Shell, EachOptionOfAFunctionIsCompleted) {
+    for (const char* function : {"wave2f0", "wave2volume", "absSpectrogram"}) {
+        const std::string call = "wavepitch " + std::string(function) + " $SPEECH ";
+        const Result result = bash("source " WAVEPITCH_COMPLETION "; compopt() { :; }\n"
+                                   "for name in $(" +
+                                   call +
+                                   "x=1 |& sed 's/.*there are//; s/[,\"]//g'); do\n"
+                                   "COMP_WORDS=(" +
+                                   call +
+                                   "${name%?}); COMP_CWORD=3; _wavepitch\n"
+                                   "[[ \" ${COMPREPLY[*]} \" == *\" $name= \"* ]] || echo $name; done");
+        EXPECT_EQ(result.out, "") << function << ": not completed";
+    }
+}
+
 /// 60 recordings and a broken one, and what becomes of them one after the other.
 class Corpus : public Shell {
 protected:
@@ -209,8 +282,8 @@ protected:
 TEST_F(Corpus, IsTheSameSideBySide) {
     bash("wavepitch wave2f0 -r in --out-dir many -j 8");
     expectSame("many");
-    bash("wavepitch wave2f0 $SPEECH -o alone.csv");
-    EXPECT_EQ(contents("alone.csv"), contents("one/in/10/speech8k.csv"));
+    bash("touch linked.csv; ln -s linked.csv alone.csv; wavepitch wave2f0 $SPEECH -o alone.csv");
+    EXPECT_EQ(contents("linked.csv"), contents("one/in/10/speech8k.csv"));
 }
 
 TEST_F(Corpus, IsWholeOrAbsentWhenInterruptedAndIsResumed) {
