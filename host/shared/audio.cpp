@@ -117,6 +117,5 @@ Recording readRecording(const std::string& path, const RawFormat& raw, const Mix
 void writeWav(const std::string& path, const mxArray& samples, int rate) {
     SndfileHandle file(path, SFM_WRITE, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 1, rate);
     const auto count = static_cast<sf_count_t>(samples.data.size());
-    if (file.error() || file.writef(samples.data.data(), count) != count)
-        refuse(file.strError());
+    if (file.error() || file.writef(samples.data.data(), count) != count) refuse(file.strError());
 }

@@ -5,6 +5,7 @@
 function axes = drawn (varargin)  % the axes of a picture from top to bottom, without colour bars
   clf
   feval (varargin{:});
+  assert (! exist ("ans", "var"));
   axes = flipud (findobj (gcf (), "type", "axes", "tag", ""));
 end
 
