@@ -153,8 +153,8 @@ Request requestOf(const Function& function, Options& options) {
             request.parameters.push_back(parameter(word));
         else if (function.takesRecording())
             recordings.push_back(word);
-        else if (const std::string input = nextInput(function, request.parameters); !input.empty())
-            request.parameters.push_back(parameter(input + '=' + word));
+        else if (std::string input = nextInput(function, request.parameters); !input.empty())
+            request.parameters.push_back(parameter(input.append("=").append(word)));
         else
             throw std::runtime_error(function.name + ": \"" + word + "\" is one input too many");
     }
