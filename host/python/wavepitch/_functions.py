@@ -32,7 +32,10 @@ def _hostArray(value):
     """What the module takes: a str, or an aligned array of native byte order, column after column."""
     if isinstance(value, (str, os.PathLike)):
         return os.fsdecode(value)
-    array = np.asarray(value)
+    try:
+        array = np.asarray(value)
+    except ValueError:  # lists of uneven lengths: of a class that the library refuses with the argument's name
+        array = np.asarray(None)
     isLong = array.dtype.kind in "iu" and array.dtype.itemsize == 8
     return np.require(array, np.float64 if isLong else array.dtype.newbyteorder("="), ["F", "A"])
 
@@ -87,7 +90,7 @@ class Command:
         self.inputs = told.inputs
         outputs = dict(re.findall(r"^  ([A-Z]\w*)  +(.*)", _section(told.help, "Outputs?"), re.M))
         self.shapes = {name: Shape(outputs[name.upper()], told.inputs) for name in told.outputs}
-        names = re.findall(r"^  (\w+(?:, \w+)*)  +\S", _section(told.help, "Options[^\n]*"), re.M)
+        names = re.findall(r"^  (\w+(?:, \w+)*)(?:  +\S|$)", _section(told.help, "Options[^\n]*"), re.M)
         self.options = ", ".join(names).split(", ") if names else []
         matrices = [i for i, shape in enumerate(self.shapes.values()) if i > 0 and shape.isMatrix()]
         self.usual = matrices[0] if matrices else len(self.shapes)
