@@ -5,7 +5,7 @@ import sys
 
 package = pathlib.Path(sys.argv[1])
 sys.path.insert(0, str(package.parent))
-from wavepitch._functions import commands  # noqa: E402
+from wavepitch._functions import commands
 
 beginning = '''from os import PathLike
 from types import SimpleNamespace
