@@ -20,10 +20,9 @@ struct mxArray_tag {
     mxClassID classID = mxDOUBLE_CLASS;
     std::string bytes{};                   // of characters, integers, singles and logicals: the elements
     std::vector<std::string> fieldNames{}; // of a struct of 1 x 1
-    std::vector<mxArray_tag> fields{};     // of a struct: a value for each name
-    const void* borrowed =
-        nullptr;        // elements of numbers that the caller keeps, in the place of data and bytes
-    int dimensions = 2; // columns are the product of all behind the first
+    std::vector<mxArray_tag> fields{};     // of a struct: a value for each name; of a cell array: its cells
+    const void* borrowed = nullptr;        // numbers that the caller keeps, instead of data and bytes
+    int dimensions = 2;                    // columns are the product of all behind the first
 };
 
 namespace standIn {

@@ -38,7 +38,13 @@ mxArray characters(const std::string& text) {
 
 mxArray hostArray(const py::handle& value) {
     if (py::isinstance<py::str>(value)) return characters(value.cast<std::string>());
-    const auto array = py::reinterpret_borrow<py::array>(value);
+    if (py::isinstance<py::list>(value)) {
+        const auto cells = py::reinterpret_borrow<py::list>(value);
+        mxArray result{1, cells.size(), {}, mxCELL_CLASS};
+        for (const py::handle cell : cells) result.fields.push_back(hostArray(cell));
+        return result;
+    }
+    const auto array = value.cast<py::array>();
     const auto size = static_cast<size_t>(array.size());
     const size_t rows = array.ndim() < 2 ? 1 : static_cast<size_t>(array.shape(0));
     mxArray result{rows, rows == 0 ? 0 : size / rows, {}, classOf(array.dtype())};
@@ -55,6 +61,12 @@ py::object pythonObject(std::unique_ptr<mxArray> array) {
             fields[py::str(array->fieldNames[i])] =
                 pythonObject(std::make_unique<mxArray>(std::move(array->fields[i])));
         return fields;
+    }
+    if (array->classID == mxCELL_CLASS) {
+        py::list cells;
+        for (mxArray& cell : array->fields)
+            cells.append(pythonObject(std::make_unique<mxArray>(std::move(cell))));
+        return cells;
     }
     const Class& c = classOf(array->classID);
     const auto rows = static_cast<py::ssize_t>(array->rows);

@@ -25,7 +25,7 @@ def plot(function: Union[str, Callable[..., Any]], *values: Value, figure: Any =
 def typeOf(shape):
     if shape.like:
         return "Any"  # a number for a number
-    return {"record": "SimpleNamespace", "text": "str"}.get(shape.kind, "ndarray" if shape.dimensions else "float")
+    return {"struct": "SimpleNamespace", "text": "str"}.get(shape.kind, "ndarray" if shape.dimensions else "float")
 
 
 def parameter(declared):

@@ -12,7 +12,8 @@ each tells what it takes.  Their texts are the package's, in which NAME, VALUE p
 Values     float64 and float32 are the classes double and single; int8, uint8, int16, int32, uint16 and uint32 are
            taken as they are.  Numbers, lists and integers of 64 bits count as float64.  Arrays may be strided or
            read-only; one-dimensional ones that are contiguous, and matrices in Fortran order, are not copied.
-           None stands for an argument that is left out.
+           A list of arrays, of texts or of lists that make no matrix is a cell array.  None stands for an argument
+           that is left out.
 Results    A function with several outputs returns a Result: a tuple whose elements have names.  It ends before the
            first large matrix; nout says how many outputs are wanted.
 Shapes     What is 1 x n or n x 1 in the texts has one dimension, numbers and texts have none.  A matrix that has

@@ -28,16 +28,37 @@ class Result(tuple):
         return "Result(" + ", ".join(f"{name}={value!r}" for name, value in vars(self).items()) + ")"
 
 
+def _isCells(values):
+    """Whether a list makes no matrix: of arrays, of texts, of lists that are uneven or too deep."""
+    if any(isinstance(each, np.ndarray) for each in values):
+        return True
+    try:
+        array = np.asarray(values)
+    except ValueError:
+        return True
+    return array.ndim > 2 or array.dtype.kind in "OSU"
+
+
 def _hostArray(value):
-    """What the module takes: a str, or an aligned array of native byte order, column after column."""
+    """What the module takes: a str, an aligned array of native byte order, column after column, or a list."""
     if isinstance(value, (str, os.PathLike)):
         return os.fsdecode(value)
-    try:
-        array = np.asarray(value)
-    except ValueError:  # lists of uneven lengths: of a class that the library refuses with the argument's name
-        array = np.asarray(None)
+    if isinstance(value, (list, tuple)) and _isCells(value):
+        return [_hostArray(each) for each in value]
+    array = np.asarray(value)
     isLong = array.dtype.kind in "iu" and array.dtype.itemsize == 8
     return np.require(array, np.float64 if isLong else array.dtype.newbyteorder("="), ["F", "A"])
+
+
+def _plain(value, dimensions):
+    """The host's value, or those of a struct's fields, as a number or in one dimension."""
+    if isinstance(value, dict):
+        return types.SimpleNamespace(**{name: _plain(field, dimensions) for name, field in value.items()})
+    if isinstance(value, list):
+        return [_plain(cell, 1) for cell in value]
+    if isinstance(value, str):
+        return value
+    return value.reshape(-1) if dimensions else value.item()
 
 
 class Shape:
@@ -52,7 +73,9 @@ class Shape:
         self.like = None
         if like and not named:
             self.like = next((name for name in inputs if name.upper() == like[1]), inputs[0])
-        self.kind = "record" if told.startswith("struct") else "text" if told.startswith("text") else "numbers"
+        self.kind = next((kind for kind in ("struct", "text") if told.startswith(kind)), "numbers")
+        if told.startswith("struct of"):
+            self.dimensions = ("K",)
 
     def isMatrix(self):
         return len(self.dimensions) == 2 and self.dimensions[0] == "frames"
@@ -64,15 +87,9 @@ class Shape:
 
     def of(self, value, given):
         """The host's value in this shape."""
-        if self.kind == "record":
-            return types.SimpleNamespace(**{name: field.item() for name, field in value.items()})
-        if self.kind == "text":
-            return value
         count = np.ndim(given[self.like]) if self.like else len(self.dimensions)
-        if count == 0:
-            return value.item()
-        if count == 1:
-            return value.reshape(-1)
+        if count < 2:
+            return _plain(value, count)
         return value.T if self.isMatrix() else value
 
 
