@@ -15,12 +15,17 @@ namespace {
 
 thread_local std::string printed; // what the library has told the console during the call
 
+/// Whether an array, or one of its cells, is of a class that no function takes.
+bool isForeign(const mxArray& array) {
+    return array.classID == mxUNKNOWN_CLASS ||
+           std::any_of(array.fields.begin(), array.fields.end(), isForeign);
+}
+
 /// Makes the library's report Python's: lack of memory, a class of values that no function takes, or else a
 /// wrong value.
 [[noreturn]] void raise(const std::string& command, const std::vector<mxArray>& inputs, const char* message) {
-    const bool isForeign = std::any_of(inputs.begin(), inputs.end(),
-                                       [](const mxArray& input) { return input.classID == mxUNKNOWN_CLASS; });
-    PyObject* kind = isForeign ? PyExc_TypeError : PyExc_ValueError;
+    const bool ofNoClass = std::any_of(inputs.begin(), inputs.end(), isForeign);
+    PyObject* kind = ofNoClass ? PyExc_TypeError : PyExc_ValueError;
     if (message == command + ": " + lackOfMemory) kind = PyExc_MemoryError;
     PyErr_SetString(kind, message);
     throw py::error_already_set();

@@ -68,7 +68,7 @@ def word(value, folder):  # an argument as mexhost reads it
     return float(value) if isinstance(value, bool) else value
 
 
-@pytest.mark.parametrize("call", calls, ids=lambda call: call["name"])
+@pytest.mark.parametrize("call", [call for call in calls if call["command"] != "findTune"], ids=lambda c: c["name"])
 def test_resultsHaveTheBitsOfMexhost(call, tmp_path):
     results = bits(result(call))
     values = [*withNamed(call["inputs"]).values(), *sum(withNamed(call["options"]).items(), ())]

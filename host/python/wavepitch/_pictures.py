@@ -139,11 +139,35 @@ def _sound(rate):
     return draw
 
 
+def _tune(figure, given, options, out):
+    """The query over the best tune, stretched and transposed, and the distances of the first ten."""
+    if out.distance.size == 0:
+        figure.text(0.5, 0.5, "no tune was found", ha="center")
+        return
+    upper, lower = figure.subplots(2)
+    best = {name: values[0] for name, values in vars(out.details).items()}
+    query = _withGaps(np.ravel(np.asarray(given["query"], float)))
+    sounds = np.flatnonzero(~np.isnan(query))
+    query = query[sounds[0]:sounds[-1] + 1] - best["transposition"]
+    rate = options.get("framerate", 100)
+    for values, step, look in ((best["contour"], 1, {"color": "0.6", "linewidth": 4, "drawstyle": "steps-post"}),
+                               (query, best["ratio"], {"color": _red, "linewidth": 1.5})):
+        upper.plot(best["position"] + np.arange(len(values)) * step / rate, values, **look)
+    upper.set(title=best["name"], ylabel="Pitch (semitones)",
+              xlabel=f"Time (s); query {-best['transposition']:+.1f} semitones, {best['ratio']:.2f} times as long")
+    shown = min(10, out.distance.size)
+    bars = lower.barh(np.arange(1, shown + 1), out.distance[:shown], 0.7, color="#b3cce6")
+    lower.bar_label(bars, out.details.name[:shown], label_type="center")
+    lower.set(xlabel="Distance", ylabel="Rank", yticks=np.arange(1, shown + 1))
+    lower.invert_yaxis()
+    figure.tight_layout()
+
+
 _drawings = {"wave2f0": _f0, "wave2pitch": _pitch, "endPoints": _endPoints, "wave2volume": _curve("Volume"),
              "wave2zcr": _curve("Zero crossings"), "wave2ashod": _curve("ASHOD"), "absSpectrogram": _spectrogram,
              "uvCut": _uvCut, "wave2pfMat": _pfMat, "wave2pv": _vector(0.1, None), "note2pv": _vector(1, "timeStep"),
              "waveFilter": _sound(None), "waveEcho": _sound("fs"), "waveResample": _sound("newFs"),
-             "pitch2wave": _sound("fs"), "note2wave": _sound("fs")}
+             "pitch2wave": _sound("fs"), "note2wave": _sound("fs"), "findTune": _tune}
 
 
 def plot(function, *values, figure=None, **named):
