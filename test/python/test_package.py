@@ -28,7 +28,7 @@ forms = {"int16": shorts, "int32": shorts * np.int32(65536), "float32": np.float
 named = {"wave": wave, "double": wave, "int16": wave, "fs": 8000, "usualSize": 256, "usualOverlap": 128,
          "belowUsualSize": 255, "aboveUsualSize": 257, "cell": [[1], [1, "x"]], "handle": print, "complex": 1j,
          "sparse": object(), "int64": np.float16(1), "cube": np.ones((2, 2, 2)), "uint16": np.uint16([1, 2]),
-         "uint32": np.uint32([1]), "loud": [0, 1.1], "matrix": np.ones((2, 2)), "rows": ["volume", "handse"],
+         "uint32": np.uint32([1]), "loud": [0, 1.1], "matrix": np.ones((2, 2)), "rows": np.array(["volume", "handse"]),
          "folder": root}
 
 
