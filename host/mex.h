@@ -94,7 +94,7 @@ WAVEPITCH_HOST_API void* mxGetData(const mxArray* array);
 /// Copies the text of a row of characters with its terminator; 0 if it is one and fits into size bytes.
 WAVEPITCH_HOST_API int mxGetString(const mxArray* array, char* text, int size);
 /// The first element; not-a-number for an empty array. The stand-in host reports an error for an array that
-/// is not of doubles.
+/// is neither of doubles nor logical.
 WAVEPITCH_HOST_API double mxGetScalar(const mxArray* array);
 
 #ifdef __cplusplus

@@ -14,12 +14,12 @@ void toStandardOutput(std::string_view text) {
     std::fflush(stdout);
 }
 
-standIn::Console currentConsole = toStandardOutput;
-std::string functionName = "mexFunction"; // NOLINT(cert-err58-cpp)
+thread_local standIn::Console currentConsole = toStandardOutput;
+thread_local std::string functionName = "mexFunction";
 
 using Arrays = std::vector<std::unique_ptr<mxArray>>;
 
-Arrays* arraysOfCall = nullptr; // what the running call has created; null outside of calls
+thread_local Arrays* arraysOfCall = nullptr; // what the running call has created; null outside of calls
 
 /// Owns what one call creates, and gives way to the call around it at the end.
 class CallScope {
@@ -81,6 +81,10 @@ const char* nameOf(mxClassID classID) {
         return "char";
     case mxSTRUCT_CLASS:
         return "struct";
+    case mxLOGICAL_CLASS:
+        return "logical";
+    case mxUNKNOWN_CLASS:
+        return "unknown";
     case mxCELL_CLASS:
         return "cell";
     default:
@@ -208,8 +212,8 @@ bool mxIsSparse(const mxArray* /*array*/) {
     return false;
 }
 
-int mxGetNumberOfDimensions_700(const mxArray* /*array*/) {
-    return 2;
+int mxGetNumberOfDimensions_700(const mxArray* array) {
+    return array->dimensions;
 }
 
 size_t mxGetM(const mxArray* array) {
@@ -222,12 +226,14 @@ size_t mxGetN(const mxArray* array) {
 
 double* mxGetPr(const mxArray* array) {
     if (array->classID != mxDOUBLE_CLASS) refuseClass("mxGetPr", array);
+    if (array->borrowed) return static_cast<double*>(const_cast<void*>(array->borrowed));
     return const_cast<double*>(array->data.data());
 }
 
 void* mxGetData(const mxArray* array) {
     if (array->classID == mxDOUBLE_CLASS) return mxGetPr(array);
     if (array->classID == mxSTRUCT_CLASS || array->classID == mxCELL_CLASS) refuseClass("mxGetData", array);
+    if (array->borrowed) return const_cast<void*>(array->borrowed);
     return const_cast<char*>(array->bytes.data());
 }
 
@@ -239,6 +245,8 @@ int mxGetString(const mxArray* array, char* text, int size) {
 }
 
 double mxGetScalar(const mxArray* array) {
-    if (array->classID != mxDOUBLE_CLASS) refuseClass("mxGetScalar", array);
-    return array->data.empty() ? std::numeric_limits<double>::quiet_NaN() : array->data.front();
+    const bool isLogical = array->classID == mxLOGICAL_CLASS;
+    if (!isLogical && array->classID != mxDOUBLE_CLASS) refuseClass("mxGetScalar", array);
+    if (array->rows * array->columns == 0) return std::numeric_limits<double>::quiet_NaN();
+    return isLogical ? *static_cast<unsigned char*>(mxGetData(array)) : *mxGetPr(array);
 }

@@ -1,5 +1,6 @@
 // The stand-in host: the functions of mex.h for programs that run without a real host (mexhost, the tests,
-// the benchmarks, any program that uses the library alone). Link it once, into the program.
+// the benchmarks, any program that uses the library alone). Link it once, into the program. Every thread has
+// a host of its own: calls, console and function name of one are not those of another.
 #pragma once
 
 #include <memory>
@@ -10,15 +11,18 @@
 
 #include "mex.h"
 
-/// A real double matrix, and whatever else its class says.
+/// A real double matrix, and whatever else its class says. An array of mxUNKNOWN_CLASS stands for what the
+/// caller has and no module takes.
 struct mxArray_tag {
     size_t rows = 0;
     size_t columns = 0;
     std::vector<double> data{}; // of doubles: rows x columns, column after column
     mxClassID classID = mxDOUBLE_CLASS;
-    std::string bytes{};                   // of characters, integers and singles: the elements
+    std::string bytes{};                   // of characters, integers, singles and logicals: the elements
     std::vector<std::string> fieldNames{}; // of a struct of 1 x 1
     std::vector<mxArray_tag> fields{};     // of a struct: a value for each name; of a cell array: its cells
+    const void* borrowed = nullptr;        // numbers that the caller keeps, instead of data and bytes
+    int dimensions = 2;                    // columns are the product of all behind the first
 };
 
 namespace standIn {
@@ -32,10 +36,11 @@ public:
 /// Where mexPrintf sends its text.
 using Console = void (*)(std::string_view text);
 
-/// Sends console output to another place (null: back to standard output) and returns where it went before.
+/// Sends the thread's console output to another place (null: back to standard output) and returns where it
+/// went before.
 Console setConsole(Console console);
 
-/// The name that mexFunctionName answers from now on.
+/// The name that mexFunctionName answers from now on, in this thread.
 void setFunctionName(std::string name);
 
 using EntryPoint = decltype(&mexFunction);

@@ -27,6 +27,9 @@ std::span<const Command> commands();
 
 inline constexpr int anyNumber = std::numeric_limits<int>::max();
 
+/// What a command reports, behind its name, where memory ends.
+inline constexpr char lackOfMemory[] = "there is not enough memory";
+
 /// Inputs and output slots of one call, the numbers of both already checked.
 class Call {
 public:

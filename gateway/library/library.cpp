@@ -41,7 +41,7 @@ constexpr Command table[] = {
     {"waveResample", 3, 4, 1, "out = waveResample (wave, oldFs, newFs, nbits)", waveResampleCommand},
     {"pitch2wave", 3, 4, 1, "wave = pitch2wave (pitch, pitchRate, fs, duration)", pitch2waveCommand},
     {"note2wave", 3, 3, 1, "wave = note2wave (pitch, duration, fs)", note2waveCommand},
-    {"note2pv", 3, 3, 1, "pitch = note2pv (pitch, duration, timeStep)", note2pvCommand},
+    {"note2pv", 3, 3, 1, "pv = note2pv (pitch, duration, timeStep)", note2pvCommand},
     {"pitch2freq", 1, 1, 1, "frequency = pitch2freq (pitch)", pitch2freqCommand},
     {"freq2pitch", 1, 1, 1, "pitch = freq2pitch (frequency)", freq2pitchCommand},
     {"findTune", 2, anyNumber, 3, "[rank, distance, details] = findTune (query, tunes, name, value, ...)",
@@ -82,7 +82,7 @@ void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
     } catch (const char* message) {
         failure = message;
     } catch (const std::bad_alloc&) {
-        failure = "there is not enough memory";
+        failure = lackOfMemory;
     }
     refuse(command.name, failure);
 }

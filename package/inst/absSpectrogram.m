@@ -13,7 +13,7 @@
 % Options, in any case
 %   frameSize  samples per frame, at least 2; default 32 ms.
 %   overlap    samples that consecutive frames share, 0 to frameSize - 1; default frameSize / 2, truncated.
-%   paddedSize size of the transform, a power of 2 from frameSize to 2^24; default the next one.
+%   paddedSize  size of the transform, a power of 2 from frameSize to 2^24; default the next one.
 %   hamming    true, the default, multiplies each frame by the Hamming window.
 %
 % Outputs

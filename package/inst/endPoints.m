@@ -27,7 +27,7 @@
 %   volRatio   "volume": divisor of the volume range that places the threshold, at least 1; default 10.
 %   vhRatio    "volumeHod": the same; default 10.
 %   diffOrder  "volumeHod": order of the ASHOD differences, 1 to 5; default 4.
-%   minSegment a segment lasts longer than this, in seconds, at least 0; default 0.05.
+%   minSegment  a segment lasts longer than this, in seconds, at least 0; default 0.05.
 %   maxSilBetweenWord    silence in seconds beyond which the last segment counts as detached; default 0.7.
 %   minLastWordDuration  a detached last segment lasts longer than this, in seconds; default 0.1.
 %
@@ -36,8 +36,8 @@
 %              of zeros is one segment to "twoThreshold", "character" and "sentence", which look at nothing but
 %              how levels compare.
 %   CURVE      1 x frames: what the detector looks at: volume, (volume + ASHOD) / 2, or energy in dB.
-%   THRESHOLD  1 x 1, or 1 x 2 with the low and the high one; empty without a frame (for "handset", one after
-%              the first 0.2 s).
+%   THRESHOLD  1 x n: the threshold, or the low and the high one; empty without a frame (for "handset", one
+%              after the first 0.2 s).
 %   TIME       1 x frames: centres of the frames in seconds.
 %
 % Example

@@ -10,7 +10,7 @@
 %   TIMESTEP   seconds from value to value, a positive number.
 %
 % Output
-%   PV         1 x round (sum (DURATION) / TIMESTEP): semitones.
+%   PV         1 x n, n = round (sum (DURATION) / TIMESTEP): semitones.
 %
 % Example
 %   pv = note2pv ([60 64], [0.2 0.1], 0.05)

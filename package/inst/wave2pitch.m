@@ -43,9 +43,9 @@
 %   dpUseLocalOptim       1: the candidates are the local extrema, else all lags.  These three are whole numbers
 %              of at least 0.
 %   pfWeight, indexDiffWeight  weights of the pitch function and of the distance in the path, -1e9 to 1e9.
-%   Defaults of the last five depend on pfType and FS; see ptParam.  The other fields of PARAM (ppcNum,
-%   pitchRangeMax, pitchDiffMax, maxMedianPitchDiff, maxAmdfLocalMinCount, minAmdfRange, halfOfFs,
-%   halfOfNbits) are taken too and have no effect here.
+%   Defaults of the last five depend on pfType and FS; see ptParam.
+%   ppcNum, pitchRangeMax, pitchDiffMax, maxMedianPitchDiff, maxAmdfLocalMinCount, minAmdfRange, halfOfFs, halfOfNbits
+%              the other fields of PARAM, taken too, without an effect here.
 %
 % Outputs
 %   PITCH      1 x frames: semitones or Hz; 0 where there is no pitch.

@@ -11,7 +11,7 @@
 %
 % Outputs
 %   CODE       0 fit, 1 too quiet, 2 too noisy (its quietest frame is too loud), 3 clipped.
-%   MEANING    the same in words.
+%   MEANING    text: the same in words.
 %
 % Example
 %   [code, meaning] = waveVolumeCheck (0.0001 * sin (1:8000))

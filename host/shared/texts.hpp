@@ -3,8 +3,6 @@
 
 #include <vector>
 
-namespace shell {
-
 struct HelpText {
     const char* function;
     const char* comment; // lines that begin with %
@@ -13,5 +11,3 @@ struct HelpText {
 /// Rooms, each a line, and under them the functions' names, indented.
 extern const char* const packageIndex;
 extern const std::vector<HelpText> helpTexts;
-
-} // namespace shell

@@ -8,8 +8,6 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace shell {
-
 namespace {
 
 /// Outputs that are no curves. The first output of a function is never the axis of another, and behind a
@@ -71,9 +69,10 @@ std::string summaryOf(const std::string& help, const std::string& name) {
 Function functionOf(const Command& command, const std::string& room) {
     const std::string usage = command.usage;
     const size_t equals = usage.find('=');
-    Function result{command.name, room, "", helpOf(command.name), {}, false, {}};
+    Function result{command.name, room, "", helpOf(command.name), {}, 0, false, {}};
     result.summary = summaryOf(result.help, result.name);
     result.inputs = words(usage.substr(usage.find('(')));
+    result.least = static_cast<size_t>(command.leastInputs);
     result.options = result.takes("value");
     if (result.options) result.inputs.resize(result.inputs.size() - 2);
     for (const std::string& name : words(usage.substr(0, equals))) {
@@ -139,5 +138,3 @@ const Function& function(const std::string& name) {
         throw std::runtime_error("no function is named \"" + name + "\"; wavepitch alone lists them");
     return *found;
 }
-
-} // namespace shell

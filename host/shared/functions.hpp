@@ -1,10 +1,8 @@
-// The package's functions as the shell knows them: from the module's command table and the package's help.
+// The package's functions as the hosts know them: from the module's command table and the package's help.
 #pragma once
 
 #include <string>
 #include <vector>
-
-namespace shell {
 
 /// What an output of a function is, told by its name.
 enum class Form {
@@ -32,6 +30,7 @@ struct Function {
     std::string summary; // one line
     std::string help;    // all of it
     std::vector<std::string> inputs;
+    size_t least; // inputs that must be there
     bool options; // whether name-value pairs follow the inputs
     std::vector<Output> outputs;
 
@@ -50,5 +49,3 @@ const std::vector<Function>& functions();
 
 /// The function of that name; a std::runtime_error where there is none.
 const Function& function(const std::string& name);
-
-} // namespace shell

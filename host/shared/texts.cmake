@@ -1,5 +1,5 @@
-# shellTexts(FILE): writes the package's help as C++: its INDEX, and the first comment of each function.
-function(shellTexts output)
+# packageTexts(FILE): writes the package's help as C++: its INDEX, and the first comment of each function.
+function(packageTexts output)
   set(package ${PROJECT_SOURCE_DIR}/package)
   file(GLOB functions CONFIGURE_DEPENDS ${package}/inst/*.m)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${functions} ${package}/INDEX)
@@ -15,13 +15,9 @@ function(shellTexts output)
   file(CONFIGURE OUTPUT ${output} @ONLY CONTENT [[
 #include "texts.hpp"
 
-namespace shell {
-
 const char* const packageIndex = R"text(@index@)text";
 
 const std::vector<HelpText> helpTexts = {
 @texts@};
-
-} // namespace shell
 ]])
 endfunction()

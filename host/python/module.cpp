@@ -1,0 +1,72 @@
+// The package's functions in Python, below what wavepitch/functions.py makes of them: a border, which
+// computes and checks nothing. A call lets other threads run while the library works.
+
+#include "arrays.hpp"
+#include "functions.hpp"
+
+#include "library/command.hpp"
+
+#include <algorithm>
+#include <pybind11/stl.h>
+
+namespace py = pybind11;
+
+namespace {
+
+thread_local std::string printed; // what the library has told the console during the call
+
+/// Whether an array, or one of its cells, is of a class that no function takes.
+bool isForeign(const mxArray& array) {
+    return array.classID == mxUNKNOWN_CLASS ||
+           std::any_of(array.fields.begin(), array.fields.end(), isForeign);
+}
+
+/// Makes the library's report Python's: lack of memory, a class of values that no function takes, or else a
+/// wrong value.
+[[noreturn]] void raise(const std::string& command, const std::vector<mxArray>& inputs, const char* message) {
+    const bool ofNoClass = std::any_of(inputs.begin(), inputs.end(), isForeign);
+    PyObject* kind = ofNoClass ? PyExc_TypeError : PyExc_ValueError;
+    if (message == command + ": " + lackOfMemory) kind = PyExc_MemoryError;
+    PyErr_SetString(kind, message);
+    throw py::error_already_set();
+}
+
+/// The outputs of a command, and what it has told.
+py::tuple call(const std::string& command, const py::list& values, int outputCount) {
+    std::vector<mxArray> inputs = {hostArray(py::str(command))};
+    for (const py::handle value : values) inputs.push_back(hostArray(value));
+    std::vector<std::unique_ptr<mxArray>> outputs;
+    printed.clear();
+    standIn::setConsole([](std::string_view text) { printed += text; });
+    try {
+        const py::gil_scoped_release others;
+        outputs = standIn::call(mexFunction, outputCount, inputs);
+    } catch (const standIn::HostError& error) {
+        raise(command, inputs, error.what());
+    }
+    py::list results;
+    for (auto& output : outputs) results.append(pythonObject(std::move(output)));
+    return py::make_tuple(results, printed);
+}
+
+} // namespace
+
+PYBIND11_MODULE(_wavepitch, module) {
+    py::class_<Function>(module, "Function")
+        .def_readonly("name", &Function::name)
+        .def_readonly("summary", &Function::summary)
+        .def_readonly("help", &Function::help)
+        .def_readonly("inputs", &Function::inputs)
+        .def_readonly("least", &Function::least)
+        .def_readonly("options", &Function::options)
+        .def_property_readonly("outputs", [](const Function& function) {
+            std::vector<std::string> names;
+            for (const Output& output : function.outputs) names.push_back(output.name);
+            return names;
+        });
+    module.def("functions", functions, "All functions, in the order of the package's index.");
+    module.def(
+        "call", call, py::arg("command"), py::arg("values"), py::arg("outputCount"),
+        "Outputs of a command and what it has told, for a str or an aligned array in Fortran order for "
+        "each input.");
+}
