@@ -3,6 +3,7 @@
 
 #include "audio/framing/framing.hpp"
 #include "audio/framing/sampleSource.hpp"
+#include "utility/interruption.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -25,7 +26,11 @@ void featurePerFrame(const Sample* wave, int waveLen, int frameSize, int overlap
                      Feature feature) {
     const int frameNum = wholeFrameNum(waveLen, frameSize, overlap);
     const std::int64_t step = std::int64_t{frameSize} - overlap;
-    for (int i = 0; i < frameNum; ++i) out[i] = feature(wave + i * step);
+    utility::LongWork work;
+    for (int i = 0; i < frameNum; ++i) {
+        work.took(static_cast<std::size_t>(frameSize));
+        out[i] = feature(wave + i * step);
+    }
 }
 
 /// The same of integer samples, which are read a frame at a time.
@@ -33,7 +38,11 @@ template <typename Value, typename Feature>
 void featurePerFrame(SampleSource& wave, int frameSize, int overlap, Value* out, Feature feature) {
     const int frameNum = wholeFrameNum(wave.length(), frameSize, overlap);
     const std::int64_t step = std::int64_t{frameSize} - overlap;
-    for (int i = 0; i < frameNum; ++i) out[i] = feature(wave.read(i * step, frameSize));
+    utility::LongWork work;
+    for (int i = 0; i < frameNum; ++i) {
+        work.took(static_cast<std::size_t>(frameSize));
+        out[i] = feature(wave.read(i * step, frameSize));
+    }
 }
 
 /// A vector with one zero for each whole frame.

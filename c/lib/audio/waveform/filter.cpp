@@ -1,11 +1,13 @@
 #include "audio/waveform/waveform.hpp"
+#include "utility/interruption.hpp"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
 
-constexpr int chunkLen = 1024; // samples filtered at a time: they stay in the first-level cache
+constexpr int chunkLen = 1024;     // samples filtered at a time: they stay in the first-level cache
+constexpr int longFeedback = 4096; // terms for which the host is asked at each sample
 
 /// y[n] for n from begin to end - 1, coefficient by coefficient: neighbouring outputs are independent, and
 /// each of them still sums in the order of k.
@@ -24,6 +26,7 @@ void feedBack(const double* a, int aLen, int begin, int end, double* y) {
     double previous = y[first - 1];
     for (int n = first; n < end; ++n) {
         const int terms = std::min(aLen, n + 1);
+        if (terms > longFeedback) wavepitch::utility::askForInterruption();
         double sum = a[1] * previous;
         for (int k = 2; k < terms; ++k) sum += a[k] * y[n - k];
         previous = y[n] - sum;
@@ -42,6 +45,7 @@ void cAudioWaveform::filter(const double* b, int bLen, const double* a, int aLen
     for (int begin = 0, end = 0; begin < xLen; begin = end) {
         end = begin + std::min(chunkLen, xLen - begin);
         const auto last = std::copy(x + begin, x + end, inputs.begin() + past);
+        wavepitch::utility::askForInterruption();
         feedForward(b, bLen, inputs.data(), past, begin, end, x);
         feedBack(a, aLen, begin, end, x);
         const int kept = std::min(most, end);
