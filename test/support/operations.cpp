@@ -1,0 +1,152 @@
+#include "support/operations.hpp"
+
+#include "audio/audio.hpp"
+#include "utility/utility.hpp"
+
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+constexpr int frameSize = 301;
+constexpr int overlap = 100;
+
+Doubles zeros(int count) {
+    return Doubles(static_cast<std::size_t>(count));
+}
+
+class Operations {
+public:
+    Operations(const Recording& recording, GiveOutput giveOutput)
+        : fs(recording.fs), samples(recording.wave), unit(samples.begin(), samples.end()),
+          waveLen(lengthOf(samples)), frameNum(cAudio::getFrameNum2(waveLen, frameSize, overlap)),
+          giveTo(std::move(giveOutput)) {
+        for (double& sample : unit) sample /= 32768;
+        pitch();
+        voice();
+        endPoints();
+        features();
+        spectra();
+        waveforms();
+    }
+
+private:
+    template <typename Values>
+    void give(const std::string& output, const Values& values) {
+        giveTo(output, Doubles(values.begin(), values.end()));
+    }
+
+    void pitch() {
+        for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
+            PTPARAM param{};
+            cAudio::ptParamSet(&param, fs, 16, type, nullptr);
+            if (type == PF_AMDF) {
+                param.minPitch = 45;
+                param.medianFilterOrder = 3;
+                param.useVolThreshold = 0;
+            }
+            const int count = cAudio::getFrameNum2(waveLen, param.frameSize, param.overlap);
+            Doubles semitones = zeros(count);
+            Doubles clarity = zeros(count);
+            Doubles pfMat = zeros(count * param.pfLen);
+            ptByDpOverPfOnce<double, int>(samples.data(), waveLen, param, semitones.data(), clarity.data(),
+                                          pfMat.data(), nullptr);
+            const std::string call = type == PF_ACF ? "wave2pitch." : "wave2pitch AMDF.";
+            give(call + "1", semitones);
+            give(call + "3", clarity);
+            give(call + "4", pfMat);
+        }
+        Doubles pfMat = zeros(100 * frameNum);
+        wave2pfMat<double, double>(unit.data(), waveLen, frameSize, overlap, 100, PF_ACF, 3, pfMat.data());
+        give("wave2pfMat.1", pfMat);
+        const std::vector<short> shorts(samples.begin(), samples.end());
+        int* pv = nullptr;
+        int pvLen = 0;
+        cAudio::bGetPitch(shorts, pv, pvLen, fs, 16);
+        give("wave2pv.1", Ints(pv, pv + pvLen));
+        std::free(pv);
+        give("isWaveSilence.1", Ints{cAudio::isWaveSilence(shorts, fs, 16, 20000)});
+    }
+
+    void voice() {
+        VOICEPARAM param;
+        param.fs = fs;
+        param.minFreq = 80;
+        param.maxFreq = 500;
+        param.frameRate = 200;
+        param.voicingThreshold = 0.5;
+        const VOICESIZES sizes = voiceSizes(waveLen, param);
+        Doubles f0 = zeros(sizes.frameNum);
+        Doubles strength = zeros(sizes.frameNum);
+        std::vector<float> correlation(zeros(sizes.frameNum * sizes.lagNum).size());
+        wave2f0(samples.data(), waveLen, param, f0.data(), strength.data(), correlation.data());
+        give("wave2f0.1", f0);
+        give("wave2f0.3", strength);
+        give("wave2f0.5", correlation);
+    }
+
+    void endPoints() {
+        EPDPARAM param;
+        cAudio::epdParamSet(fs, param);
+        param.vhRatio = 20;
+        param.diffOrder = 2;
+        int count = 0;
+        const SegmentArray segments(cAudio::epdByVolHod(samples.data(), waveLen, fs, param, &count));
+        Ints ends;
+        for (int i = 0; i < count; ++i) ends.push_back(segments.get()[i].begin * param.frameSize + 1);
+        for (int i = 0; i < count; ++i) ends.push_back((segments.get()[i].end + 1) * param.frameSize);
+        give("endPoints volumeHod.1", ends);
+        ends.resize(2);
+        cAudio::epdByVolZcr(samples.data(), waveLen, 0, ends.data(), &ends[1]);
+        give("endPoints volumeZcr.1", ends);
+        Doubles span(2);
+        Doubles wave = unit;
+        cAudio::endPointDetect4quokka(wave.data(), waveLen, fs, 16, span.data());
+        give("endPoints handset.1", span);
+    }
+
+    void features() {
+        Ints values(static_cast<std::size_t>(frameNum));
+        wave2volume(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
+        give("wave2volume.1", values);
+        cAudio::wave2zcr(samples.data(), waveLen, frameSize, overlap, values.data());
+        give("wave2zcr.1", values);
+        cAudio::wave2ashod(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
+        give("wave2ashod.1", values);
+    }
+
+    void spectra() {
+        Doubles magnitude = zeros(513 * frameNum);
+        cAudio::absSpectrogram(unit.data(), waveLen, frameSize, overlap, 1024, 0, magnitude.data());
+        give("absSpectrogram.1", magnitude);
+        const int cut = cAudio::uvCut(samples.data(), waveLen, frameSize, overlap);
+        give("uvCut.1", Ints{cut * (frameSize - overlap) + 1});
+    }
+
+    void waveforms() {
+        const double a[] = {1, 0.5, 0.2};
+        const double b[] = {1, -0.95};
+        Doubles wave = unit;
+        cAudio::filter(b, 2, a, 3, wave.data(), waveLen);
+        give("waveFilter.1", wave);
+        Ints resampled(1000);
+        cAudio::waveResample(samples.data(), waveLen, fs, 5000, resampled.data(), 1000);
+        give("waveResample.1", resampled);
+        const double notes[] = {60, 0, 67};
+        cAudio::pitch2wave(notes, 3, 4, fs, wave.data(), waveLen);
+        give("pitch2wave.1", wave);
+    }
+
+    int fs;
+    Ints samples; // of 16 bits
+    Doubles unit; // from -1 to 1
+    int waveLen;
+    int frameNum;
+    GiveOutput giveTo;
+};
+
+} // namespace
+
+void runOperations(const Recording& recording, const GiveOutput& give) {
+    Operations(recording, give);
+}
