@@ -108,7 +108,6 @@ void butterflies(Index count, T* __restrict x0, T* __restrict x1, T* __restrict 
 /// One stage, for the angles first to first + count - 1.
 template <typename T>
 void stage(T* real, T* imag, Index size, Index len, Index first, Index count, const Twiddles<T>& twiddles) {
-    askInLongTransform(size);
     const Index quarter = len / 4;
     const auto run = [=](auto quarters, auto angles) {
         forEachBlock(size, len, [=](Index i0) {
@@ -205,8 +204,10 @@ void FrameTransform<T>::transform() {
     const auto size = static_cast<Index>(real_.size());
     announcePadding(size, n_);
     T* storage = twiddles_.data();
-    for (Index len = size; len >= 4; storage += len, len /= 2)
+    for (Index len = size; len >= 4; storage += len, len /= 2) {
+        askInLongTransform(size);
         stage(real_.data(), imag_.data(), size, len, 0, len / 4, Twiddles<T>(storage, len / 4));
+    }
     finish(real_.data(), imag_.data(), size);
 }
 

@@ -6,8 +6,12 @@
 
 namespace {
 
-constexpr int chunkLen = 1024;     // samples filtered at a time: they stay in the first-level cache
-constexpr int longFeedback = 4096; // terms for which the host is asked at each sample
+constexpr int chunkLen = 1024; // samples filtered at a time: they stay in the first-level cache
+
+/// Samples between two questions to the host, which take time where each needs many terms.
+int chunkLenFor(int aLen) {
+    return aLen < chunkLen ? chunkLen : 16;
+}
 
 /// y[n] for n from begin to end - 1, coefficient by coefficient: neighbouring outputs are independent, and
 /// each of them still sums in the order of k.
@@ -26,7 +30,6 @@ void feedBack(const double* a, int aLen, int begin, int end, double* y) {
     double previous = y[first - 1];
     for (int n = first; n < end; ++n) {
         const int terms = std::min(aLen, n + 1);
-        if (terms > longFeedback) wavepitch::utility::askForInterruption();
         double sum = a[1] * previous;
         for (int k = 2; k < terms; ++k) sum += a[k] * y[n - k];
         previous = y[n] - sum;
@@ -43,7 +46,7 @@ void cAudioWaveform::filter(const double* b, int bLen, const double* a, int aLen
     std::vector<double> inputs(static_cast<std::size_t>(most) + chunkLen);
     int past = 0;
     for (int begin = 0, end = 0; begin < xLen; begin = end) {
-        end = begin + std::min(chunkLen, xLen - begin);
+        end = begin + std::min(chunkLenFor(aLen), xLen - begin);
         const auto last = std::copy(x + begin, x + end, inputs.begin() + past);
         wavepitch::utility::askForInterruption();
         feedForward(b, bLen, inputs.data(), past, begin, end, x);
