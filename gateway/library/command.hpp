@@ -47,6 +47,9 @@ public:
     /// Sets an output that is wanted.
     void give(int position, mxArray* array) { outputs[position] = array; }
 
+    /// The elements of all inputs.
+    double valuesGiven() const;
+
     /// Reports "COMMAND: RULE" through the host; does not return.
     [[noreturn]] void refuse(const std::string& rule) const { ::refuse(command, rule); }
 

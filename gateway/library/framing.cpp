@@ -1,6 +1,7 @@
 #include "framing.hpp"
 
 #include "audio/audio.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 
 #include <algorithm>
@@ -28,11 +29,15 @@ void wave2framesCommand(Call& call) {
     const Options options = call.options(2, {"frameSize", "overlap"});
     const Framing framing = readFraming(options, fs, wave.length());
     const int frameNum = framing.frameNum();
+    mxArray* frames = matrix(call, framing.frameSize, frameNum, "FRAMESIZE and OVERLAP");
     std::vector<int> start(static_cast<size_t>(frameNum));
     cAudio::buffer2(framing.waveLen, framing.frameSize, framing.overlap, start.data());
-    mxArray* frames = matrix(call, framing.frameSize, frameNum);
     double* out = mxGetPr(frames);
-    for (const int first : start) out = std::copy_n(wave.data() + first, framing.frameSize, out);
+    wavepitch::utility::LongWork work;
+    for (const int first : start) {
+        work.took(static_cast<size_t>(framing.frameSize));
+        out = std::copy_n(wave.data() + first, framing.frameSize, out);
+    }
     call.give(0, frames);
     if (call.wants(1)) call.give(1, framing.time());
 }

@@ -27,7 +27,7 @@ Track track(const Call& call, const std::vector<int>& wave, PTPARAM param) {
     const int frameNum = framing.frameNum();
     Track result{param, framing, std::vector<double>(static_cast<size_t>(frameNum))};
     if (call.wants(2)) result.clarity.resize(result.pitch.size());
-    if (call.wants(3)) result.pfMat = matrix(call, param.pfLen, frameNum);
+    if (call.wants(3)) result.pfMat = matrix(call, param.pfLen, frameNum, "PFLEN and OVERLAP");
     result.param.cutLeadingTrailingZero = 0;
     ptByDpOverPfOnce<double, int>(wave.data(), framing.waveLen, result.param, result.pitch.data(),
                                   call.wants(2) ? result.clarity.data() : nullptr,
@@ -84,8 +84,7 @@ void wave2pvCommand(Call& call) {
     const int fs = call.input(1, "FS").whole(1);
     const int nbits = readNbits(call, input);
     const std::vector<short> wave = input.shortSamples(nbits);
-    if (static_cast<double>(wave.size()) * 8000 / fs > mostInt - 1)
-        call.refuse("FS is too low for this WAVE");
+    requireRoom(call, static_cast<double>(wave.size()) * 8000 / fs, "FS"); // the tracker works at 8 kHz
     int* values = nullptr;
     int count = 0;
     cAudio::bGetPitch(wave, values, count, fs, nbits);

@@ -14,7 +14,8 @@ void wave2pfMatCommand(Call& call) {
     const int pfLen = call.input(3, "PFLEN").whole(1);
     const int pfType = call.input(4, "PFTYPE").choice({{"amdf", PF_AMDF}, {"acf", PF_ACF}}, true);
     const int pfMethod = call.input(5, "PFMETHOD").whole(1, 4);
-    mxArray* pfMat = matrix(call, pfLen, std::max(0, cAudio::getFrameNum2(waveLen, frameSize, overlap)));
+    mxArray* pfMat = matrix(call, pfLen, std::max(0, cAudio::getFrameNum2(waveLen, frameSize, overlap)),
+                            "PFLEN and OVERLAP");
     wave2pfMat<double, double>(wave.data(), waveLen, frameSize, overlap, pfLen, static_cast<PF_TYPE>(pfType),
                                pfMethod, mxGetPr(pfMat));
     call.give(0, pfMat);

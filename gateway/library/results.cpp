@@ -5,10 +5,6 @@
 
 namespace {
 
-int sizeOf(const std::vector<int>& values) {
-    return static_cast<int>(values.size());
-}
-
 template <typename T>
 void fill(mxArray* array, const std::vector<int>& samples) {
     constexpr int offset = std::numeric_limits<T>::is_signed ? 0 : 128;
@@ -19,20 +15,27 @@ void fill(mxArray* array, const std::vector<int>& samples) {
         *out++ = static_cast<T>(std::clamp(std::int64_t{sample} + offset, least, most));
 }
 
-void checkSize(const Call& call, double rows, double columns) {
-    if (rows * columns > mostInt || rows > mostInt || columns > mostInt)
-        call.refuse("the result would have more than 2147483647 elements");
-}
-
 } // namespace
 
-mxArray* matrix(const Call& call, double rows, double columns) {
-    checkSize(call, rows, columns);
+void requireRoom(const Call& call, double values, const char* by) {
+    const double most = std::min<double>(std::max(freeRoom, roomPerValue * call.valuesGiven()), mostInt);
+    if (values <= most) return;
+    call.refuse("room for " + textOf(values) + " values is asked for, by " + by + "; this call may have " +
+                textOf(most));
+}
+
+int resultLength(const Call& call, double length, const char* by) {
+    requireRoom(call, length, by);
+    return static_cast<int>(length);
+}
+
+mxArray* matrix(const Call& call, double rows, double columns, const char* by) {
+    requireRoom(call, std::max({rows * columns, rows, columns}), by);
     return mxCreateDoubleMatrix(static_cast<int>(rows), static_cast<int>(columns), mxREAL);
 }
 
-mxArray* singleMatrix(const Call& call, double rows, double columns) {
-    checkSize(call, rows, columns);
+mxArray* singleMatrix(const Call& call, double rows, double columns, const char* by) {
+    requireRoom(call, std::max({rows * columns, rows, columns}), by);
     return mxCreateNumericMatrix(static_cast<int>(rows), static_cast<int>(columns), mxSINGLE_CLASS, mxREAL);
 }
 
@@ -62,28 +65,26 @@ mxArray* vectorLike(const Argument& shape, size_t count) {
     return mxCreateDoubleMatrix(isRow ? 1 : length, isRow ? length : 1, mxREAL);
 }
 
-mxArray* likeSamples(const Argument& shape, const std::vector<int>& samples, int nbits) {
-    if (shape.isFloating()) {
-        mxArray* array = vectorLike(shape, samples.size());
+mxArray* arrayLike(const Argument& shape, size_t count) {
+    if (shape.isFloating()) return vectorLike(shape, count);
+    const bool isRow = shape.rows() == 1;
+    const auto length = static_cast<int>(count);
+    return mxCreateNumericMatrix(isRow ? 1 : length, isRow ? length : 1, shape.classID(), mxREAL);
+}
+
+void setSamples(mxArray* array, const std::vector<int>& samples, int nbits) {
+    switch (mxGetClassID(array)) {
+    case mxDOUBLE_CLASS:
         std::transform(samples.begin(), samples.end(), mxGetPr(array),
                        [=](int sample) { return static_cast<double>(sample) / (1 << (nbits - 1)); });
-        return array;
-    }
-    const bool isRow = shape.rows() == 1;
-    mxArray* array = mxCreateNumericMatrix(isRow ? 1 : sizeOf(samples), isRow ? sizeOf(samples) : 1,
-                                           shape.classID(), mxREAL);
-    switch (shape.bits()) {
-    case 8:
-        if (shape.isSigned())
-            fill<std::int8_t>(array, samples);
-        else
-            fill<std::uint8_t>(array, samples);
         break;
-    case 16:
-        fill<std::int16_t>(array, samples);
-        break;
+    case mxINT8_CLASS:
+        return fill<std::int8_t>(array, samples);
+    case mxUINT8_CLASS:
+        return fill<std::uint8_t>(array, samples);
+    case mxINT16_CLASS:
+        return fill<std::int16_t>(array, samples);
     default:
-        fill<std::int32_t>(array, samples);
+        return fill<std::int32_t>(array, samples);
     }
-    return array;
 }

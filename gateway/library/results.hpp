@@ -5,11 +5,25 @@
 
 #include <vector>
 
-/// A rows x columns matrix of zeros; refuses one that the host's 32-bit dimensions do not hold.
-mxArray* matrix(const Call& call, double rows, double columns);
+/// What a call may make room for, whatever it is given: 2^27 values, 1 GB of doubles. Beyond that, 1024
+/// values for each that it is given, as far as the host's 32-bit dimensions reach: results of long recordings
+/// pass, wherever the memory holds them, and a slip of the pen in a rate or a size does not.
+inline constexpr double freeRoom = 1 << 27;
+inline constexpr double roomPerValue = 1024;
+
+/// Refuses a call that would need more room, before any work.
+///
+/// @param by  the arguments that decide, as messages name them.
+void requireRoom(const Call& call, double values, const char* by);
+
+/// A result's length in samples or values, which must have room.
+int resultLength(const Call& call, double length, const char* by);
+
+/// A rows x columns matrix of zeros, which must have room.
+mxArray* matrix(const Call& call, double rows, double columns, const char* by = "the inputs");
 
 /// The same of class single.
-mxArray* singleMatrix(const Call& call, double rows, double columns);
+mxArray* singleMatrix(const Call& call, double rows, double columns, const char* by);
 
 /// Segments, given as first and last sample by turns and from 1, as a row each; kept within the recording.
 mxArray* segmentRows(const Call& call, const std::vector<double>& segments, int waveLen);
@@ -31,6 +45,9 @@ mxArray* cellRow(const std::vector<mxArray*>& cells);
 /// A vector of count zeros, a row or a column as an input is.
 mxArray* vectorLike(const Argument& shape, size_t count);
 
-/// Samples in the class of an input, saturated, a row or a column as it is; unsigned 8 bits around 128.
-/// Samples for an input of floating point are divided by 2^(nbits - 1).
-mxArray* likeSamples(const Argument& shape, const std::vector<int>& samples, int nbits);
+/// The same for samples in the class of an input; of class double for an input of floating point.
+mxArray* arrayLike(const Argument& shape, size_t count);
+
+/// Writes samples into such an array, saturated; unsigned 8 bits around 128. In class double they are divided
+/// by 2^(nbits - 1).
+void setSamples(mxArray* array, const std::vector<int>& samples, int nbits);

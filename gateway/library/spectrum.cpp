@@ -27,7 +27,9 @@ void absSpectrogramCommand(Call& call) {
     const Framing framing = readFraming(options, fs, wave.length(), mostPaddedSize);
     const int paddedSize = readPaddedSize(options, call, framing.frameSize);
     const int bins = paddedSize / 2 + 1;
-
+    const double transform = 4.0 * paddedSize; // the values that it works on, and its sines and cosines
+    const double spectra = static_cast<double>(bins) * framing.frameNum();
+    requireRoom(call, transform + spectra, "PADDEDSIZE and OVERLAP");
     mxArray* magnitude = matrix(call, bins, framing.frameNum());
     cAudio::absSpectrogram(wave.data(), framing.waveLen, framing.frameSize, framing.overlap, paddedSize,
                            options.flag("hamming", true) ? 1 : 0, mxGetPr(magnitude));

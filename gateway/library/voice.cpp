@@ -48,7 +48,8 @@ mxArray* track(Call& call, const Samples& wave, const VOICEPARAM& param) {
     const VOICESIZES sizes = voiceSizes(waveLen, param);
     mxArray* f0 = matrix(call, 1, sizes.frameNum);
     mxArray* strength = call.wants(2) ? matrix(call, 1, sizes.frameNum) : nullptr;
-    mxArray* correlation = call.wants(4) ? singleMatrix(call, sizes.lagNum, sizes.frameNum) : nullptr;
+    mxArray* correlation =
+        call.wants(4) ? singleMatrix(call, sizes.lagNum, sizes.frameNum, "FRAMERATE") : nullptr;
     wave2f0(wave.data(), waveLen, param, mxGetPr(f0), strength ? mxGetPr(strength) : nullptr,
             correlation ? static_cast<float*>(mxGetData(correlation)) : nullptr);
     call.give(0, f0);

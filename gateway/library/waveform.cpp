@@ -14,12 +14,6 @@ namespace {
 
 constexpr double mostNumber = 1e15;
 
-/// A length in samples or values that a result can have.
-int lengthOf(const Call& call, double length) {
-    if (!(length < mostInt)) call.refuse("the result would have more than 2147483646 elements");
-    return static_cast<int>(length);
-}
-
 struct Notes {
     Numbers pitch;
     Numbers duration;
@@ -73,8 +67,10 @@ void waveEchoCommand(Call& call) {
     } else {
         const std::vector<int> wave = input.ownSamples(16);
         std::vector<int> out(wave.size());
+        mxArray* array = arrayLike(input, wave.size());
         cAudio::waveEcho(wave.data(), static_cast<int>(wave.size()), fs, delay, gain, out.data());
-        call.give(0, likeSamples(input, out, 16));
+        setSamples(array, out, 16);
+        call.give(0, array);
     }
 }
 
@@ -85,10 +81,12 @@ void waveResampleCommand(Call& call) {
     const int nbits = call.has(3) ? call.input(3, "NBITS").bitDepth() : 16;
     const std::vector<int> wave = input.ownSamples(nbits);
     const std::int64_t last = (static_cast<std::int64_t>(wave.size()) - 1) * newFs / oldFs;
-    std::vector<int> out(static_cast<size_t>(lengthOf(call, static_cast<double>(last) + 1)));
-    cAudio::waveResample(wave.data(), static_cast<int>(wave.size()), oldFs, newFs, out.data(),
-                         static_cast<int>(out.size()));
-    call.give(0, likeSamples(input, out, nbits));
+    const int length = resultLength(call, static_cast<double>(last) + 1, "NEWFS and OLDFS");
+    std::vector<int> out(static_cast<size_t>(length));
+    mxArray* array = arrayLike(input, out.size());
+    cAudio::waveResample(wave.data(), static_cast<int>(wave.size()), oldFs, newFs, out.data(), length);
+    setSamples(array, out, nbits);
+    call.give(0, array);
 }
 
 void pitch2waveCommand(Call& call) {
@@ -98,7 +96,8 @@ void pitch2waveCommand(Call& call) {
     const int fs = call.input(2, "FS").whole(1);
     const double duration = call.has(3) ? call.input(3, "DURATION").number(0, mostNumber)
                                         : static_cast<double>(pitch.size()) / pitchRate;
-    const int waveLen = lengthOf(call, std::round(duration * fs));
+    const int waveLen =
+        resultLength(call, std::round(duration * fs), call.has(3) ? "DURATION and FS" : "PITCHRATE and FS");
     mxArray* wave = vectorLike(input, static_cast<size_t>(waveLen));
     cAudio::pitch2wave(pitch.data(), pitch.length(), pitchRate, fs, mxGetPr(wave), waveLen);
     call.give(0, wave);
@@ -107,7 +106,7 @@ void pitch2waveCommand(Call& call) {
 void note2waveCommand(Call& call) {
     const Notes notes = readNotes(call);
     const int fs = call.input(2, "FS").whole(1);
-    const int waveLen = lengthOf(call, std::floor(notes.total() * fs));
+    const int waveLen = resultLength(call, std::floor(notes.total() * fs), "DURATION and FS");
     mxArray* wave = vectorLike(call.input(0, "PITCH"), static_cast<size_t>(waveLen));
     cAudio::note2wave(notes.pitch.data(), notes.pitch.length(), notes.duration.data(), fs, mxGetPr(wave),
                       waveLen);
@@ -117,13 +116,14 @@ void note2waveCommand(Call& call) {
 void note2pvCommand(Call& call) {
     const Notes notes = readNotes(call);
     const double timeStep = call.input(2, "TIMESTEP").positive();
+    const int length = resultLength(call, std::round(notes.total() / timeStep), "DURATION and TIMESTEP");
     std::vector<double> pairs;
     for (size_t i = 0; i < notes.pitch.size(); ++i)
         pairs.insert(pairs.end(), {notes.pitch.data()[i], notes.duration.data()[i]});
-    std::vector<double> pitch(static_cast<size_t>(lengthOf(call, std::round(notes.total() / timeStep))));
-    cAudio::note2pv(pairs.data(), lengthOf(call, static_cast<double>(pairs.size())), timeStep, pitch.data(),
-                    static_cast<int>(pitch.size()));
-    call.give(0, row(pitch));
+    if (pairs.size() > static_cast<size_t>(mostInt)) call.refuse("PITCH must have fewer notes");
+    mxArray* pitch = matrix(call, 1, length);
+    cAudio::note2pv(pairs.data(), static_cast<int>(pairs.size()), timeStep, mxGetPr(pitch), length);
+    call.give(0, pitch);
 }
 
 void pitch2freqCommand(Call& call) {

@@ -1,7 +1,10 @@
 // The entry point of every module that is built for GNU Octave. Octave ends its process when an exception
 // other than its own leaves mexFunction: here it becomes the host's error, which the session survives. Octave
 // puts the module's name before the text of an error; a module's own errors begin with the name that the user
-// called.
+// called. Where the user has hit Ctrl-C, Octave's own question throws its interruption out of the library's
+// work.
+
+#include "utility/interruption.hpp"
 
 #include "mex.h"
 
@@ -24,6 +27,7 @@ void dropAddedName(octave::execution_exception& error) {
 } // namespace
 
 [[gnu::visibility("default")]] void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
+    const wavepitch::utility::Interruptible interruptible(octave_quit);
     std::string message;
     try {
         moduleFunction(nlhs, plhs, nrhs, prhs);

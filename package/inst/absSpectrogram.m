@@ -18,6 +18,8 @@
 %
 % Outputs
 %   MAGNITUDE  (paddedSize / 2 + 1) x frames: column = frame, unscaled.
+%              It and the transform (4 * paddedSize) may have 2^27 elements, or 1024 for each one
+%              of the inputs if that is more: beyond, the call is refused.
 %   FREQUENCY  (paddedSize / 2 + 1) x 1: of the rows, 0 to FS / 2 in Hz.
 %   TIME       1 x frames: centres of the frames in seconds.
 %

@@ -11,6 +11,8 @@
 %
 % Output
 %   PV         1 x n, n = round (sum (DURATION) / TIMESTEP): semitones.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %
 % Example
 %   pv = note2pv ([60 64], [0.2 0.1], 0.05)

@@ -11,6 +11,8 @@
 %
 % Output
 %   WAVE       fix (sum (DURATION) * FS) samples from -0.8 to 0.8, a row or a column as PITCH.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %
 % Example
 %   wave = note2wave ([60 64 67 72], [0.3 0.3 0.3 0.6], 8000);

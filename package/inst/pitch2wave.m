@@ -13,6 +13,8 @@
 % Output
 %   WAVE       round (DURATION * FS) samples from -0.8 to 0.8, a row or a column as PITCH.  The first period
 %              that would pass the end and all behind it is silent.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %
 % Example
 %   wave = pitch2wave ([60 62 64 65 67], 4, 8000);

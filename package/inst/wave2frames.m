@@ -12,6 +12,8 @@
 %
 % Outputs
 %   FRAMES     frameSize x frames, double: column = frame; whole frames only.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %   TIME       1 x frames: centres of the frames in seconds.
 %
 % Example

@@ -17,6 +17,8 @@
 % Output
 %   PFMAT      PFLEN x frames: column = frame, row k = lag of k - 1 samples.  Lags of FRAMESIZE and more have no
 %              terms: 0, but NaN at lag FRAMESIZE with method 2.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %
 % Example
 %   pfMat = wave2pfMat (sin (1:1000), 256, 128, 100, "acf", 1);

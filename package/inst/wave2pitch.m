@@ -55,6 +55,8 @@
 %              CLARITY then is 0 throughout, and the threshold has no effect.
 %   PFMAT      pfLen x frames: column = frame, row k = lag of k - 1 samples; normalised to 2^20, then weighted
 %              by clarity where useClarityWeight says so.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %   PARAM      struct: the parameters used, minIndex and maxIndex being the lags searched.
 %
 % Example

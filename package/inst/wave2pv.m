@@ -17,6 +17,8 @@
 % Output
 %   PV         1 x frames of 32 ms, without those at both ends that have no pitch: 10 times the pitch truncated
 %              to whole semitones, 340 to 900; 0 where there is no pitch.
+%              WAVE at 8 kHz may have 2^27 samples, or 1024 for each that it has if that is
+%              more.
 %
 % Example
 %   fs = 8000;

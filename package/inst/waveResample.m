@@ -14,6 +14,8 @@
 % Output
 %   OUT        fix ((numel (WAVE) - 1) * NEWFS / OLDFS) + 1 samples, row or column as WAVE: double from -1
 %              to 1, or of the integer class of WAVE.
+%              At most 2^27 elements, or 1024 for each one of the inputs if that is more: beyond, the
+%              call is refused.
 %
 % Example
 %   out = waveResample (sin (1:100), 8000, 11025);
@@ -27,4 +29,4 @@ end
 
 %!assert (waveResample ([0; 0.5], 1, 2), [0; 0.25; 0.5])
 %!assert (waveResample (0.3, 1, 1, 8), 38 / 128)
-%!error <waveResample: the result would have more> waveResample (zeros (1, 1e4), 1, 2147483647)
+%!error <waveResample: room for 21472.* values is asked for> waveResample (zeros (1, 1e4), 1, 2147483647)

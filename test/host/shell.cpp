@@ -180,8 +180,8 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
          "x: cannot be written"},
         {"head -c 2000000 /dev/zero >z; wavepitch wave2frames z --raw 8000:s8 frameSize=1000000 "
          "overlap=999999",
-         "the result would have"},
-        {"wavepitch wave2pv z --raw 1:s8", "FS is too low"},
+         "room for 1000001000000 values is asked for, by FRAMESIZE and OVERLAP"},
+        {"wavepitch wave2pv z --raw 1:s8", "room for 16000000000 values is asked for, by FS"},
         {"wavepitch isWaveSilence $SPEECH --columns", "silent has no times"},
         {"wavepitch pitch2freq 69,", "PITCH must be"},
     };

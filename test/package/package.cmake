@@ -1,8 +1,8 @@
 # The Octave package and the module behind it in the real host.
-add_executable(libraryReference package/reference.cpp)
+add_executable(libraryReference package/reference.cpp $<TARGET_OBJECTS:operations>)
 target_include_directories(libraryReference PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(libraryReference PRIVATE
-  wavepitch::audio wavepitch::standIn wavepitchWarnings ${SNDFILE_LIBRARY})
+  wavepitch::audio wavepitch::standIn wavepitchWarnings)
 target_compile_definitions(libraryReference PRIVATE WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 
 set(here ${CMAKE_CURRENT_SOURCE_DIR}/package)
@@ -12,7 +12,7 @@ function(packageTest name)
     set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION skipped)
     return()
   endif()
-  add_test(NAME ${name} COMMAND ${OCTAVE_CLI} --norc --no-history --quiet --path ${here} ${ARGN})
+  add_test(NAME ${name} COMMAND ${atPrompt} ${OCTAVE_CLI} --norc --no-history --quiet --path ${here} ${ARGN})
   if(CMAKE_CXX_FLAGS MATCHES fsanitize)
     set_tests_properties(${name} PROPERTIES
       ENVIRONMENT "LD_PRELOAD=${sanitizer};ASAN_OPTIONS=detect_leaks=0")
@@ -21,6 +21,9 @@ endfunction()
 
 set(fromBuild --path ${PROJECT_SOURCE_DIR}/package/inst --path ${PROJECT_BINARY_DIR}/octave/wavepitchLibrary)
 packageTest(badInputTest ${fromBuild} ${here}/badInput.m ${here})
+set(atPrompt sh -c "exec \"$0\" \"$@\" <${here}/interrupted.m")   # a prompt has no script
+packageTest(interruptedTest ${fromBuild} --interactive)
+unset(atPrompt)
 packageTest(picturesTest ${fromBuild} ${here}/pictures.m)
 packageTest(sameBitsTest ${fromBuild} ${here}/sameBits.m
   $<TARGET_FILE:libraryReference> ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/package/inst ${here})

@@ -9,6 +9,7 @@
 #include "utility/file/file.hpp"
 #include "utility/file/lines.hpp"
 #include "utility/file/numbers.hpp"
+#include "utility/interruption.hpp"
 #include "utility/matrix/matrix.hpp"
 #include "utility/rounding.hpp"
 #include "utility/scaling/findTune.hpp"

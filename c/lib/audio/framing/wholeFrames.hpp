@@ -3,6 +3,7 @@
 
 #include "audio/framing/framing.hpp"
 #include "audio/framing/sampleSource.hpp"
+#include "utility/interruption.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -17,6 +18,12 @@ inline int wholeFrameNum(int waveLen, int frameSize, int overlap) {
     return frameSize < 1 ? 0 : std::max(0, cAudioFraming::getFrameNum2(waveLen, frameSize, overlap));
 }
 
+/// Frames between two questions to the host.
+inline int framesAtATime(int frameSize) {
+    constexpr int samples = 1 << 22;
+    return std::max(1, samples / frameSize);
+}
+
 /// Writes feature(frame) of each whole frame in order; frame points to frameSize samples of the waveform.
 ///
 /// @param out  room for wholeFrameNum values.
@@ -25,7 +32,12 @@ void featurePerFrame(const Sample* wave, int waveLen, int frameSize, int overlap
                      Feature feature) {
     const int frameNum = wholeFrameNum(waveLen, frameSize, overlap);
     const std::int64_t step = std::int64_t{frameSize} - overlap;
-    for (int i = 0; i < frameNum; ++i) out[i] = feature(wave + i * step);
+    const int atATime = framesAtATime(frameSize);
+    for (int first = 0, last = 0; first < frameNum; first = last) {
+        utility::askForInterruption();
+        last = first + std::min(atATime, frameNum - first);
+        for (int i = first; i < last; ++i) out[i] = feature(wave + i * step);
+    }
 }
 
 /// The same of integer samples, which are read a frame at a time.
@@ -33,7 +45,12 @@ template <typename Value, typename Feature>
 void featurePerFrame(SampleSource& wave, int frameSize, int overlap, Value* out, Feature feature) {
     const int frameNum = wholeFrameNum(wave.length(), frameSize, overlap);
     const std::int64_t step = std::int64_t{frameSize} - overlap;
-    for (int i = 0; i < frameNum; ++i) out[i] = feature(wave.read(i * step, frameSize));
+    const int atATime = framesAtATime(frameSize);
+    for (int first = 0, last = 0; first < frameNum; first = last) {
+        utility::askForInterruption();
+        last = first + std::min(atATime, frameNum - first);
+        for (int i = first; i < last; ++i) out[i] = feature(wave.read(i * step, frameSize));
+    }
 }
 
 /// A vector with one zero for each whole frame.

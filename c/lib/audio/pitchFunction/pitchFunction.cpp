@@ -4,7 +4,9 @@
 #include "audio/framing/framing.hpp"
 #include "audio/pitchFunction/kernel/kernel.hpp"
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -57,6 +59,14 @@ void run(const Version& version, const Task& task, const int* wave, const int* s
     version.ofInts(task, wave, start, frameNum, work, pf);
 }
 
+/// Frames between two questions to the host: whole groups of every kernel.
+std::size_t framesAtATime(const Task& task) {
+    constexpr std::size_t terms = 1 << 26;
+    constexpr std::size_t group = 64;
+    const std::size_t ofFrame = std::max<std::size_t>(1, task.lags * task.frameSize);
+    return std::max<std::size_t>(1, terms / ofFrame / group) * group;
+}
+
 /// The pitch functions of the frames that start at these samples, frameNum of them. The lags of frameSize and
 /// more, which have no terms, are no matter of the kernels.
 template <typename T>
@@ -64,7 +74,12 @@ void pitchFunctions(const Task& task, const T* wave, const int* start, std::size
     const Version version = wavepitch::pitchFunction::version();
     if (task.lags > 0) {
         WorkBlock work(version.workSize(task, std::is_same_v<T, int>, frameNum));
-        run(version, task, wave, start, frameNum, work.get(), pf);
+        const std::size_t most = framesAtATime(task);
+        for (std::size_t i = 0; i < frameNum; i += most) {
+            wavepitch::utility::askForInterruption();
+            const std::size_t some = std::min(most, frameNum - i);
+            run(version, task, wave, start + i, some, work.get(), pf + i * task.stride);
+        }
     }
     for (std::size_t i = 0; i < frameNum; ++i)
         for (std::size_t lag = task.lags; lag < task.stride; ++lag) {

@@ -1,6 +1,7 @@
 #include "audio/pitchTracking/forwardPass.hpp"
 
 #include "audio/waveform/synthesis.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 
 #include <algorithm>
@@ -75,8 +76,17 @@ void ForwardPass::setPositions(const int* lag, size_t count) {
 }
 
 void ForwardPass::findPredecessors() {
-    bestPredecessors({previous.view(), current.view(), transition, tabledCost()}, best.data(),
-                     prevIndex.data());
+    constexpr size_t atATime = 1 << 24; // pairs of candidates
+    const PathStep step{previous.view(), current.view(), transition, tabledCost()};
+    const size_t blocks = std::max<size_t>(1, atATime / step.prev.len / pathStepBlock);
+    for (size_t first = 0; first < step.current.len; first += blocks * pathStepBlock) {
+        utility::askForInterruption();
+        PathStep part = step;
+        part.current = {step.current.total + first, step.current.position + first,
+                        std::min(step.current.len - first, blocks * pathStepBlock)};
+        if (step.cost) part.cost += first;
+        bestPredecessors(part, best.data() + first, prevIndex.data() + first);
+    }
 }
 
 /// Costs are looked up between consecutive lags, which is what frames have when every lag is a candidate.

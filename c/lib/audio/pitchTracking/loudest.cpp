@@ -7,6 +7,8 @@
 // Recordings that are not exact in double have all pitch functions computed.
 #include "audio/pitchTracking/loudest.hpp"
 
+#include "utility/interruption.hpp"
+
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -83,8 +85,10 @@ std::vector<double> amdfBounds(const FramedWave& recording, int pfLen, double mi
     std::vector<double> bounds;
     bounds.reserve(static_cast<std::size_t>(recording.frameNum));
     std::vector<double> sumUpTo;
+    utility::LongWork work;
     for (int first = 0; first < recording.frameNum; first += framesAtATime) {
         const int frameNum = std::min(framesAtATime, recording.frameNum - first);
+        work.took(framesAtATime * (n + lags));
         const int* samples = recording.read(first, frameNum);
         sumUpTo.assign(static_cast<std::size_t>((frameNum - 1) * recording.step()) + n + 1, 0.0);
         for (std::size_t j = 0; j + 1 < sumUpTo.size(); ++j)

@@ -15,6 +15,7 @@
 #include "audio/pitchTracking/tracker.hpp"
 #include "audio/waveform/resampling.hpp"
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 
 #include <algorithm>
@@ -72,6 +73,7 @@ private:
         held = resampled.data();
         stretch.resize(atATime);
         for (int first = 0; first < heldLen; first += atATime) {
+            wavepitch::utility::askForInterruption();
             const int sampleNum = std::min(atATime, heldLen - first);
             resampling.read(first, sampleNum, stretch.data());
             std::transform(stretch.begin(), stretch.begin() + sampleNum, resampled.begin() + first,

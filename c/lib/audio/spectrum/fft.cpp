@@ -9,6 +9,7 @@
 
 #include "audio/constants.hpp"
 #include "audio/spectrum/frameTransform.hpp"
+#include "utility/interruption.hpp"
 
 #include <algorithm>
 #include <array>
@@ -23,6 +24,12 @@ namespace {
 
 // The transform size of the largest n, 2^31, does not fit an int: positions are wider.
 using Index = std::int64_t;
+
+/// Where the time from one transform to the next one is too long to wait.
+void askInLongTransform(Index size) {
+    constexpr Index longSize = 1 << 18;
+    if (size >= longSize) wavepitch::utility::askForInterruption();
+}
 
 Index transformSize(int n) {
     Index size = 2;
@@ -44,8 +51,11 @@ struct Twiddles {
 
     /// @param first  the number of the first angle.
     void compute(Index len, Index first, Index count) {
+        constexpr std::size_t steps = 50;
+        wavepitch::utility::LongWork work;
         const T e = static_cast<T>(twoPi) / static_cast<T>(len);
         for (Index j = 0; j < count; ++j) {
+            work.took(steps);
             const T a = static_cast<T>(first + j) * e;
             const T a3 = 3 * a;
             cc1[j] = std::cos(a);
@@ -138,8 +148,10 @@ void bitReverse(T* real, T* imag, Index size) {
 /// What follows the L-shaped butterflies.
 template <typename T>
 void finish(T* real, T* imag, Index size) {
+    askInLongTransform(size);
     pairButterflies(real, size);
     pairButterflies(imag, size);
+    askInLongTransform(size);
     bitReverse(real, imag, size);
 }
 
@@ -192,8 +204,10 @@ void FrameTransform<T>::transform() {
     const auto size = static_cast<Index>(real_.size());
     announcePadding(size, n_);
     T* storage = twiddles_.data();
-    for (Index len = size; len >= 4; storage += len, len /= 2)
+    for (Index len = size; len >= 4; storage += len, len /= 2) {
+        askInLongTransform(size);
         stage(real_.data(), imag_.data(), size, len, 0, len / 4, Twiddles<T>(storage, len / 4));
+    }
     finish(real_.data(), imag_.data(), size);
 }
 

@@ -4,6 +4,7 @@
 #include "audio/spectrum/spectrum.hpp"
 #include "audio/spectrum/window.hpp"
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 
 #include <cmath>
 #include <cstdint>
@@ -42,7 +43,9 @@ void cAudioSpectrum::absSpectrogram(const double* wave, int waveLen, int frameSi
     const int binNum = paddedSize / 2 + 1;
     const std::vector<double> window = frameWindow(frameSize, useHamming != 0);
     FrameTransform<double> spectrum(frameSize, paddedSize);
+    wavepitch::utility::LongWork work;
     for (int i = 0; i < frameNum; ++i) {
+        work.took(static_cast<std::size_t>(paddedSize));
         const double* samples = wave + i * step;
         double* frame = spectrum.frame();
         for (int j = 0; j < frameSize; ++j) frame[j] = samples[j] * window[static_cast<std::size_t>(j)];
@@ -59,7 +62,9 @@ void cAudioSpectrum::absFft4frameMat(const double* frameMat, int frameSize, int 
     window.reserve(wide.size());
     for (const double value : wide) window.push_back(static_cast<float>(value));
     FrameTransform<float> spectrum(frameSize, frameSize);
+    wavepitch::utility::LongWork work;
     for (int i = 0; i < frameNum; ++i) {
+        work.took(static_cast<std::size_t>(frameSize));
         const std::int64_t first = std::int64_t{i} * frameSize;
         float* frame = spectrum.frame();
         for (int j = 0; j < frameSize; ++j)

@@ -6,6 +6,7 @@
 #include "audio/spectrum/spectrum.hpp"
 #include "audio/spectrum/window.hpp"
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 
 #include <array>
@@ -62,7 +63,9 @@ int cAudioSpectrum::uvCut(const int* wave, int waveLen, int frameSize, int overl
     powerSpectrum(wave + step, recent[1]);
     float largest = 0.0F;
     int cut = 0;
+    wavepitch::utility::LongWork work;
     for (int i = 0; i < searched; ++i) { // the frames beyond the search are not looked at
+        work.took(transformLength);
         Powers& after = recent[static_cast<std::size_t>(i + 2) % 3];
         powerSpectrum(wave + (i + std::int64_t{2}) * step, after);
         const float change = spectralChange(recent[static_cast<std::size_t>(i) % 3], after);

@@ -1,5 +1,7 @@
 #include "audio/voice/band.hpp"
 
+#include "utility/interruption.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -52,6 +54,7 @@ BandFilter::BandFilter(const Source& recording, const Layout& layout, double low
       cubics(cubicWeights(slowPart.step())) {}
 
 void BandFilter::run(std::int64_t first, std::size_t num, float* out) {
+    utility::askForInterruption();
     const auto step = static_cast<std::int64_t>(slowPart.step());
     const auto reach = static_cast<std::int64_t>(slowPart.reach());
     const std::int64_t firstSlow = floorOf(first, step) - 1;
@@ -108,6 +111,7 @@ Band::Band(BandFilter filterToUse, const Layout& layout, std::size_t most) : fil
 }
 
 const float* Band::read(std::int64_t first, std::size_t num) {
+    utility::askForInterruption();
     const std::int64_t end = first + static_cast<std::int64_t>(num);
     if (first >= keptFrom && end <= keptFrom + static_cast<std::int64_t>(kept.size()))
         return kept.data() + (first - keptFrom);

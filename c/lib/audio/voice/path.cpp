@@ -11,6 +11,8 @@
 // ratio of a sampled sound", Proceedings of the Institute of Phonetic Sciences Amsterdam 17, 1993.
 #include "audio/voice/path.hpp"
 
+#include "utility/interruption.hpp"
+
 #include <algorithm>
 #include <array>
 
@@ -18,6 +20,7 @@ namespace wavepitch::voice {
 
 namespace {
 
+constexpr std::size_t stepsOfFrame = 1000;            // of utility::LongWork
 constexpr std::size_t states = voiceCandidateMax + 1; // the unvoiced one is the last
 
 /// What a candidate loses for where its lag lies, by octaves.
@@ -42,7 +45,9 @@ public:
     /// The best path with losses by place.
     std::vector<std::uint8_t> run(const Place& place) {
         Column previous{};
+        utility::LongWork work;
         for (std::size_t i = 0; i < frames.size(); ++i) {
+            work.took(stepsOfFrame);
             Column current = localGains(frames[i], place);
             if (i > 0) extend(previous, current, origin[i]);
             previous = current;

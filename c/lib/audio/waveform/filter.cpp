@@ -1,4 +1,5 @@
 #include "audio/waveform/waveform.hpp"
+#include "utility/interruption.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -6,6 +7,11 @@
 namespace {
 
 constexpr int chunkLen = 1024; // samples filtered at a time: they stay in the first-level cache
+
+/// Samples between two questions to the host, which take time where each needs many terms.
+int chunkLenFor(int aLen) {
+    return aLen < chunkLen ? chunkLen : 16;
+}
 
 /// y[n] for n from begin to end - 1, coefficient by coefficient: neighbouring outputs are independent, and
 /// each of them still sums in the order of k.
@@ -40,8 +46,9 @@ void cAudioWaveform::filter(const double* b, int bLen, const double* a, int aLen
     std::vector<double> inputs(static_cast<std::size_t>(most) + chunkLen);
     int past = 0;
     for (int begin = 0, end = 0; begin < xLen; begin = end) {
-        end = begin + std::min(chunkLen, xLen - begin);
+        end = begin + std::min(chunkLenFor(aLen), xLen - begin);
         const auto last = std::copy(x + begin, x + end, inputs.begin() + past);
+        wavepitch::utility::askForInterruption();
         feedForward(b, bLen, inputs.data(), past, begin, end, x);
         feedBack(a, aLen, begin, end, x);
         const int kept = std::min(most, end);

@@ -1,6 +1,7 @@
 #include "audio/waveform/synthesis.hpp"
 
 #include "audio/constants.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 #include "utility/vector/search.hpp"
 
@@ -50,18 +51,19 @@ void writePeriod(int period, double* wave) {
 }
 
 void synthesise(const Tones& tones, double* wave, int waveLen) {
-    if (waveLen < 1) return;
-    std::fill(wave, wave + waveLen, 0.0);
     int lastPeriod = 0; // of the period that ends at the position, there to be repeated
+    wavepitch::utility::LongWork work;
     for (int position = 0; position < waveLen;) {
         const int next = tones.following(position);
         const int period = tones.periodBefore(next);
         if (period == 0) {
-            position = std::min(tones.startOf(next, waveLen), waveLen);
+            const int end = std::min(tones.startOf(next, waveLen), waveLen);
+            std::fill(wave + position, wave + end, 0.0);
+            position = end;
             lastPeriod = 0;
             continue;
         }
-        if (period > waveLen - position) return;
+        if (period > waveLen - position) return std::fill(wave + position, wave + waveLen, 0.0);
         double* sine = wave + position;
         if (period == lastPeriod)
             std::copy(sine - period, sine, sine);
@@ -69,6 +71,7 @@ void synthesise(const Tones& tones, double* wave, int waveLen) {
             writePeriod(period, sine);
         lastPeriod = period;
         position += period;
+        work.took(static_cast<std::size_t>(period));
     }
 }
 
@@ -109,7 +112,9 @@ void cAudioSynthesis::note2pv(const double* note, int noteLen, double timeStep, 
     double pitch = 0.0;
     double cumTime = 0.0;
     int taken = 0;
+    wavepitch::utility::LongWork work;
     for (int i = 0; i < pvLen; ++i) {
+        work.took(1);
         if (i * timeStep >= cumTime && noteLen - taken >= 2) {
             pitch = note[taken];
             cumTime += note[taken + 1];

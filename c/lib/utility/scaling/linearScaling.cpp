@@ -3,6 +3,7 @@
 #include "utility/scaling/linearScaling.hpp"
 
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 #include "utility/scaling/pointDistance.hpp"
 #include "utility/vector/resample.hpp"
@@ -26,10 +27,12 @@ double scanScales(int resolution, int referenceLen, double* distance, int& bestS
     bestScale = 0;
     if (resolution < 1) return noMatchDistance;
     std::fill(distance, distance + resolution, noMatchDistance);
+    LongWork work;
     for (int i = 0; i < resolution; ++i) {
         const int length = lengthOf(i);
         if (length > referenceLen) break;
         if (length < 1) continue;
+        work.took(stepsOfMedian * static_cast<std::size_t>(length));
         distance[i] = compare(i, length);
         if (distance[i] < distance[bestScale]) bestScale = i;
     }

@@ -4,6 +4,7 @@
 #include "utility/vector/median.hpp"
 
 #include <cmath>
+#include <cstddef>
 
 namespace wavepitch::utility {
 
@@ -17,6 +18,9 @@ inline bool isDistanceType(int distanceType) {
 inline double pointDistance(double difference, int distanceType) {
     return distanceType == absoluteDistance ? std::fabs(difference) : difference * difference;
 }
+
+/// What the median of differences takes for each of them, in the steps of LongWork.
+inline constexpr std::size_t stepsOfMedian = 10;
 
 /// The offset that brings two sequences closest together, from their n point-wise differences: the median
 /// (absolute distance) or the mean (squared distance). The differences are left in any order.

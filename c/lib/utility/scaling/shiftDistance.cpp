@@ -1,6 +1,7 @@
 #include "utility/scaling/shiftDistance.hpp"
 
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 #include "utility/scaling/linearScaling.hpp"
 #include "utility/scaling/pointDistance.hpp"
 
@@ -28,7 +29,9 @@ double lrShiftDist(const double* vec1, int len1, const double* vec2, int len2, i
         std::swap(len1, len2);
     }
     std::vector<double> difference(static_cast<std::size_t>(len1));
+    LongWork work;
     for (int position = 0; position <= len2 - len1; ++position) {
+        work.took(stepsOfMedian * difference.size());
         const double* stretch = vec2 + position;
         for (std::size_t k = 0; k < difference.size(); ++k) difference[k] = vec1[k] - stretch[k];
         const double offset = bestOffset(difference.data(), len1, distanceType);

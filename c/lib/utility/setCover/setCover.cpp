@@ -3,6 +3,8 @@
 // the numbers of the sets that hold it go down by one, so that no step looks at the matrix again.
 #include "utility/setCover/setCover.hpp"
 
+#include "utility/interruption.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -102,7 +104,9 @@ int setCover(double* sets, int rowNum, int colNum, int maxSetNum, int* chosen, d
     const double elements = cover.largestElement();
     double coveredNum = 0.0;
     int taken = 0;
+    wavepitch::utility::LongWork work;
     while (taken < maxSetNum && coveredNum < elements) {
+        work.took(rows);
         const std::size_t row = cover.bestRow();
         const std::size_t added = cover.take(row);
         if (added == 0) break;

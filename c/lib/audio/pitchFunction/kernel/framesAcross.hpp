@@ -66,6 +66,7 @@ template <typename Kind>
 void sumFrames(const Task& task, const Doubles* tile, size_t frames, double* pf) {
     const Kind kind;
     for (size_t lag = 0; lag < task.lags; lag += tileLags) {
+        askInLongFrame(task);
         Doubles sum[tileLags] = {};
         const size_t done = addToAll<1, Kind::unroll>(tile, tile + lag, termsAt(task, lag + tileLags - 1),
                                                       [&](auto k, Doubles a, Doubles b)

@@ -88,6 +88,7 @@ template <typename Kind>
 void sumFramesOfPairs(const Task& task, const Words* tile, size_t frames, double* pf) {
     SamplesOfTerms samples(task, tile);
     for (size_t lag = 0; lag < task.lags; lag += tileLags) {
+        askInLongFrame(task);
         typename Kind::Sum sum[tileLags] = {};
         sumLagsOfTile<Kind>(task, tile, lag, sum);
         Doubles value[2][tileLags];

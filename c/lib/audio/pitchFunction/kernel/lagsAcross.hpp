@@ -111,6 +111,7 @@ void sumBlocks(const Task& task, const double* line, const Next& next, double* p
     const Kind kind;
     size_t lag = 0;
     for (; lag + lanes < task.lags; lag += blockLags) {
+        askInLongFrame(task);
         Doubles sum[lagRows] = {};
         sumBlock(kind, next, task, line, lag, sum);
         double value[blockLags];

@@ -107,6 +107,7 @@ void sumLagsOfPairs(const Task& task, const int* row, std::int16_t* line, double
     for (size_t j = 0; j < behindPairs; ++j) line[task.frameSize + j] = Kind::behind;
     Differences differences(task, line);
     for (size_t lag = 0; lag < task.lags; lag += blockOfPairs) {
+        askInLongFrame(task);
         std::int64_t value[blockOfPairs];
         sumBlockOfPairs<Kind>(task, line, lag, value);
         if (!task.acf) differences.replace(lag, value);

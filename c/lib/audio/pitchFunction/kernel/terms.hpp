@@ -6,6 +6,7 @@
 #pragma once
 
 #include "audio/pitchFunction/kernel/kernel.hpp"
+#include "utility/interruption.hpp"
 #include "utility/kernel/lanes.hpp"
 #include "utility/kernel/version.hpp"
 
@@ -33,6 +34,12 @@ using Bits = Lanes<std::int64_t, ownBytes>;
 #elif defined(__FMA__) && WAVEPITCH_VECTOR_BYTES == 32
 #define WAVEPITCH_MULTIPLY_SUBTRACT _mm256_fmsub_pd
 #endif
+
+/// Asks the host before some lags of a frame that is so long that the time between frames is.
+inline void askInLongFrame(const Task& task) {
+    constexpr size_t longFrame = 4096;
+    if (task.frameSize >= longFrame) wavepitch::utility::askForInterruption();
+}
 
 /// Keeps the compiler from putting off how a vector comes about: it would collect the additions of many
 /// steps, and run out of registers for what they wait for.
