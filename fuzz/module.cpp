@@ -6,20 +6,23 @@
 #include "support/sound.hpp"
 #include "support/target.hpp"
 
-#include <cstring>
 #include <map>
 
 namespace {
 
 using Names = std::vector<std::string>;
 
+const std::string& oneOf(Bytes& bytes, const Names& names) {
+    return names[size_t(bytes.below(static_cast<int>(names.size())))];
+}
+
 mxArray textArray(const std::string& text) {
     return {1, text.size(), {}, mxCHAR_CLASS, text};
 }
 
-mxArray doubles(const Exact<double>& values, bool isRow) {
-    const std::size_t n = values.size();
-    return {isRow ? 1 : n, isRow ? n : 1, values.copy()};
+/// @param rows  which the number of values is a multiple of
+mxArray doubles(const Exact<double>& values, int rows) {
+    return {static_cast<size_t>(rows), values.size() / static_cast<size_t>(rows), values.copy()};
 }
 
 mxArray number(double value) {
@@ -61,30 +64,29 @@ mxArray anyArray(Bytes& bytes) {
 
 /// In the class of a recording that comes from a file.
 template <typename Sample>
-mxArray recordingAs(const Exact<double>& wave, mxClassID classID, double scale, bool isRow) {
-    mxArray array = doubles(wave, isRow);
-    array.data.clear();
-    array.classID = classID;
+mxArray samplesOf(const mxArray& wave, mxClassID classID, double scale) {
     std::vector<Sample> samples;
-    for (const double x : wave) samples.push_back(static_cast<Sample>(std::abs(x) <= 1 ? x * scale : 0.0));
+    for (const double x : wave.data)
+        samples.push_back(static_cast<Sample>(std::abs(x) <= 1 ? x * scale : 0.0));
+    mxArray array{wave.rows, wave.columns, {}, classID};
     array.bytes.assign(reinterpret_cast<const char*>(samples.data()), samples.size() * sizeof(Sample));
     return array;
 }
 
 mxArray recording(Bytes& bytes) {
-    const Exact<double> wave = sound(bytes, bytes.length(1, 1500), 1);
-    const bool isRow = bytes.flag();
+    const Exact<double> samples = sound(bytes, bytes.length(1, 1500), 1);
+    const mxArray wave = doubles(samples, bytes.flag() ? 1 : samples.length());
     switch (bytes.below(7)) {
     case 0:
-        return recordingAs<float>(wave, mxSINGLE_CLASS, 1, isRow);
+        return samplesOf<float>(wave, mxSINGLE_CLASS, 1);
     case 1:
-        return recordingAs<std::int8_t>(wave, mxINT8_CLASS, 127, isRow);
+        return samplesOf<std::int8_t>(wave, mxINT8_CLASS, 127);
     case 2:
-        return recordingAs<std::int16_t>(wave, mxINT16_CLASS, 32767, isRow);
+        return samplesOf<std::int16_t>(wave, mxINT16_CLASS, 32767);
     case 3:
-        return recordingAs<std::int32_t>(wave, mxINT32_CLASS, 2147483647, isRow);
+        return samplesOf<std::int32_t>(wave, mxINT32_CLASS, 2147483647);
     default:
-        return doubles(wave, isRow);
+        return wave;
     }
 }
 
@@ -115,17 +117,21 @@ std::string parameterFile(Bytes& bytes) {
 }
 
 /// What an input of this name may well be.
-mxArray inputNamed(Bytes& bytes, const std::string& name, const Names& words) {
+///
+/// @param words       texts that the command knows
+/// @param listLength  of a list: lists of one length go together
+mxArray inputNamed(Bytes& bytes, const std::string& name, const Names& words, int listLength) {
     if (bytes.below(16) == 0) return anyArray(bytes);
     if (name == "wave") return recording(bytes);
-    if (name == "fs") return number(bytes.oneOf({8000, 16000, 11025, 44100, 500}));
+    if (name == "fs" || name.ends_with("Fs")) return number(bytes.oneOf({8000, 16000, 11025, 44100, 500}));
     if (name.ends_with("File")) return textArray(parameterFile(bytes));
-    if (!words.empty() && bytes.below(4) == 0)
-        return textArray(words[size_t(bytes.below(int(words.size())))]);
-    if (bytes.below(3) > 0) return number(someNumber(bytes));
-    Exact<double> list(bytes.length(1, 40));
+    if (!words.empty() && bytes.below(4) == 0) return textArray(oneOf(bytes, words));
+    if (bytes.flag()) return number(someNumber(bytes));
+    Exact<double> list(listLength);
     for (double& x : list) x = bytes.flag() ? bytes.below(90) : bytes.below(100) / 10.0;
-    return doubles(list, bytes.flag());
+    if (bytes.flag()) list[0] = 1;
+    const int rows = bytes.from(1, listLength);
+    return doubles(list, listLength % rows == 0 ? rows : 1);
 }
 
 /// The call's refusal; empty where it returns.
@@ -145,12 +151,13 @@ std::string refusalOf(int outputs, const std::vector<mxArray>& inputs) {
     return "";
 }
 
-/// The names between brackets of a usage, or in quotes or behind "there are" in a refusal.
-Names namesIn(const std::string& text, const std::string& begin, const std::string& separators) {
+/// The names that follow a beginning in a text, up to a full stop.
+Names namesBehind(const std::string& beginning, const std::string& text) {
     Names names;
-    const std::size_t start = text.find(begin);
+    const std::size_t start = text.find(beginning);
     if (start == std::string::npos) return names;
-    std::size_t at = start + begin.size();
+    const std::string separators = ", \"()";
+    std::size_t at = start + beginning.size();
     while ((at = text.find_first_not_of(separators, at)) != std::string::npos) {
         const std::size_t end = std::min(text.find_first_of(separators, at), text.size());
         names.push_back(text.substr(at, end - at));
@@ -162,38 +169,34 @@ Names namesIn(const std::string& text, const std::string& begin, const std::stri
 /// What the module tells of a command.
 struct Told {
     Names inputs;  // those before the options
-    Names options; // without those of an endpoint that one of the words chooses
-    Names words;   // that an input may be
+    Names words;   // texts that inputs and values of options may be
+    Names options; // with each of the words
 };
 
+/// Asks with arguments that are refused.
 Told toldOf(const Command& command) {
     Told told;
-    std::string usage = command.usage;
-    usage.pop_back();
-    told.inputs = namesIn(usage, "(", ", ");
-    const auto options = std::find(told.inputs.begin(), told.inputs.end(), "name");
-    told.inputs.erase(options, told.inputs.end());
-    const mxArray wave = number(0.5);
-    const mxArray name = textArray("none of them");
-    const auto refusal = [&](const std::vector<mxArray>& arguments) {
-        std::vector<mxArray> inputs{textArray(command.name)};
-        inputs.insert(inputs.end(), arguments.begin(), arguments.end());
-        return refusalOf(1, inputs);
+    told.inputs = namesBehind("(", command.usage);
+    told.inputs.erase(std::find(told.inputs.begin(), told.inputs.end(), "name"), told.inputs.end());
+    const mxArray unknown = textArray("unknown");
+    std::vector<mxArray> call{textArray(command.name)};
+    for (const std::string& name : told.inputs) call.push_back(name == "fs" ? number(8000) : number(0.5));
+    const auto learn = [&](const std::string& beginning, Names& names) {
+        for (const std::string& name : namesBehind(beginning, refusalOf(1, call)))
+            if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     };
-    std::vector<mxArray> arguments(told.inputs.size(), number(8000));
-    if (!arguments.empty()) arguments[0] = wave;
-    if (arguments.size() > 2) arguments[2] = name;
-    for (const std::string& quoted : namesIn(refusal(arguments), "one of ", ", \"()0123456789"))
-        told.words.push_back(quoted);
-    if (!told.words.empty()) arguments[2] = textArray(told.words[0]);
-    arguments.push_back(name);
-    told.options = namesIn(refusal(arguments), "there are ", ", ");
+    learn("one of \"", told.words);
+    const Names first = told.words.empty() ? Names{""} : told.words;
+    for (const std::string& word : first) {
+        if (!word.empty()) call.back() = textArray(word);
+        call.push_back(unknown);
+        learn("there are ", told.options);
+        call.pop_back();
+    }
     for (const std::string& option : told.options) {
-        std::vector<mxArray> pair = arguments;
-        pair.back() = textArray(option);
-        pair.push_back(name);
-        for (const std::string& quoted : namesIn(refusal(pair), "one of ", ", \"()0123456789"))
-            told.words.push_back(quoted);
+        call.insert(call.end(), {textArray(option), unknown});
+        learn("one of \"", told.words);
+        call.resize(call.size() - 2);
     }
     return told;
 }
@@ -209,15 +212,18 @@ const Told& toldOnce(const Command& command) {
 void fuzz(Bytes& bytes) {
     const Command& command = commands()[size_t(bytes.below(static_cast<int>(commands().size())))];
     const Told& told = toldOnce(command);
+    const int listLength = bytes.length(1, 40);
     std::vector<mxArray> inputs{textArray(command.name)};
-    const int mandatory = bytes.below(20) == 0 ? bytes.below(command.leastInputs + 1) : command.leastInputs;
-    const int fixed = bytes.flag() ? static_cast<int>(told.inputs.size()) : mandatory;
-    for (const std::string& name : told.inputs)
-        if (static_cast<int>(inputs.size()) <= fixed) inputs.push_back(inputNamed(bytes, name, told.words));
+    const auto add = [&](const std::string& name) {
+        inputs.push_back(inputNamed(bytes, name, told.words, listLength));
+    };
+    int inputNum = bytes.flag() ? command.leastInputs : static_cast<int>(told.inputs.size());
+    if (bytes.below(20) == 0) inputNum = bytes.below(command.leastInputs + 1);
+    for (int i = 0; i < inputNum; ++i) add(told.inputs[size_t(i)]);
     for (int i = told.options.empty() ? 0 : bytes.below(4); i > 0; --i) {
-        const std::string& option = told.options[size_t(bytes.below(int(told.options.size())))];
+        const std::string& option = oneOf(bytes, told.options);
         inputs.push_back(textArray(option));
-        if (bytes.below(30) > 0) inputs.push_back(inputNamed(bytes, option, told.words));
+        if (bytes.below(30) > 0) add(option);
     }
     if (bytes.below(40) == 0) inputs.push_back(anyArray(bytes));
     if (bytes.below(100) == 0) inputs[0] = anyArray(bytes);

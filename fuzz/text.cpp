@@ -170,7 +170,7 @@ void lines(Bytes& bytes) {
     const int count = getFileLineCount(path.c_str());
     Exact<char> line(999);
     getLineInFile(path.c_str(), bytes.from(-1, count + 1), line.data());
-    getLineInFile(path.c_str(), count + 1, line.data());
+    getLineInFile(path.c_str(), std::numeric_limits<int>::max(), line.data());
     require(!line[0], "no line behind the last");
     List keys;
     List values;
