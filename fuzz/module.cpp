@@ -151,7 +151,7 @@ std::string refusalOf(int outputs, const std::vector<mxArray>& inputs) {
     return "";
 }
 
-/// The names that follow a beginning in a text, up to a full stop.
+/// The names in a text behind a beginning.
 Names namesBehind(const std::string& beginning, const std::string& text) {
     Names names;
     const std::size_t start = text.find(beginning);

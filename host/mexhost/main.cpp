@@ -119,7 +119,7 @@ void run(const Options& options) {
     const Module module = loadModule(options.module);
     const auto outputs = callModule(module, options.outputCount, arrays);
     for (const auto& output : outputs)
-        if (output) *output = withDoubles(*output);
+        if (output) *output = withDoubles(std::move(*output));
     for (size_t i = 0; i < outputs.size(); ++i) {
         if (!outputs[i]) continue;
         std::printf("output %zu: %s\n", i + 1, summary(*outputs[i]).c_str());
@@ -144,7 +144,8 @@ void run(const Options& options) {
         axes.timeStep = outputs[times - 1]->data[1] - axes.firstTime;
     }
     const mxArray* wave = waveToDraw(arrays, rates, axes.rate);
-    drawPicture(options.png, callText(module.name, options.arguments), wave, *outputs.front(), axes);
+    drawPicture(options.png, callText(module.name, options.arguments), {wave, axes.rate},
+                {{std::move(*outputs.front()), axes}});
 }
 
 } // namespace

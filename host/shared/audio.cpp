@@ -42,7 +42,8 @@ bool tellsItsLength(const SndfileHandle& file) {
 void refuseWhatIsNoFile(const std::string& path) {
     std::error_code unknown;
     const auto status = std::filesystem::status(path, unknown);
-    if (!std::filesystem::exists(status)) refuse("no such file");
+    if (status.type() == std::filesystem::file_type::not_found) refuse("no such file");
+    if (!std::filesystem::exists(status)) refuse(unknown.message());
     if (std::filesystem::is_directory(status)) refuse("is a folder");
     if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(path, unknown) == 0)
         refuse("is empty");
@@ -53,15 +54,30 @@ SndfileHandle opened(const std::string& path, const RawFormat& raw) {
     return {path, SFM_READ, SF_FORMAT_RAW | raw.format | SF_ENDIAN_LITTLE, 1, raw.rate};
 }
 
+/// Room for all samples at once, so that a growing vector does not hold them twice; not where the header
+/// claims more of them than a file of that size is likely to have.
+void makeRoom(std::vector<double>& samples, const std::string& path, sf_count_t frames, size_t channels) {
+    constexpr size_t mostPerByte = 64;
+    std::error_code unknown;
+    const auto bytes = static_cast<size_t>(std::filesystem::file_size(path, unknown));
+    const size_t claimed = static_cast<size_t>(std::max<sf_count_t>(0, frames)) * channels;
+    if (!unknown && claimed / mostPerByte <= bytes) samples.reserve(claimed);
+}
+
 /// Everything up to the end, frame after frame. Read in blocks: the length that a damaged header claims is
 /// not to be trusted.
-std::vector<double> readToEnd(SndfileHandle& file) {
+std::vector<double> readToEnd(SndfileHandle& file, const std::string& path, const Mixer& mixer) {
     const auto channels = static_cast<size_t>(file.channels());
-    std::vector<double> block(static_cast<size_t>(blockFrames) * channels);
+    std::vector<double> block;
     std::vector<double> samples;
-    for (sf_count_t frames; (frames = file.readf(block.data(), blockFrames)) > 0;)
-        samples.insert(samples.end(), block.begin(),
-                       block.begin() + static_cast<std::ptrdiff_t>(static_cast<size_t>(frames) * channels));
+    makeRoom(samples, path, file.frames(), mixer ? 1 : channels);
+    for (sf_count_t frames = blockFrames; frames > 0;) {
+        block.resize(static_cast<size_t>(blockFrames) * channels);
+        frames = file.readf(block.data(), blockFrames);
+        block.resize(static_cast<size_t>(frames) * channels);
+        if (mixer && frames > 0) mixer(block, channels);
+        samples.insert(samples.end(), block.begin(), block.end());
+    }
     return samples;
 }
 
@@ -83,12 +99,12 @@ RawFormat rawFormat(const std::string& text) {
     return {std::stoi(rate), format->second};
 }
 
-Recording readRecording(const std::string& path, const RawFormat& raw) {
+Recording readRecording(const std::string& path, const RawFormat& raw, const Mixer& mixer) {
     refuseWhatIsNoFile(path);
     SndfileHandle file = opened(path, raw);
     if (file.error()) refuse(std::string("not readable as audio: ") + file.strError());
-    std::vector<double> samples = readToEnd(file);
-    const auto channels = static_cast<size_t>(std::max(1, file.channels()));
+    std::vector<double> samples = readToEnd(file, path, mixer);
+    const auto channels = static_cast<size_t>(mixer ? 1 : std::max(1, file.channels()));
     const size_t length = samples.size() / channels;
     if (file.error()) refuse(std::string("damaged audio: ") + file.strError());
     if (hasLostItsEnd(file) || (tellsItsLength(file) && length < static_cast<size_t>(file.frames())))
@@ -101,6 +117,5 @@ Recording readRecording(const std::string& path, const RawFormat& raw) {
 void writeWav(const std::string& path, const mxArray& samples, int rate) {
     SndfileHandle file(path, SFM_WRITE, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 1, rate);
     const auto count = static_cast<sf_count_t>(samples.data.size());
-    if (file.error() || file.writef(samples.data.data(), count) != count)
-        refuse(std::string("cannot be written: ") + file.strError());
+    if (file.error() || file.writef(samples.data.data(), count) != count) refuse(file.strError());
 }

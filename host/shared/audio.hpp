@@ -1,7 +1,9 @@
 // Recordings as sound files have them.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "standIn.hpp"
 
@@ -20,9 +22,16 @@ struct RawFormat {
 /// Anything else is a std::runtime_error.
 RawFormat rawFormat(const std::string& text);
 
+/// Makes one channel of frames of several, in place; what it throws ends the reading.
+using Mixer = std::function<void(std::vector<double>& frames, size_t channels)>;
+
 /// Reads audio of any format that libsndfile reads, to its end. What cannot be read, and a file that ends
 /// before its header says, is a std::runtime_error that tells why, without the file's name.
-Recording readRecording(const std::string& path, const RawFormat& raw = {});
+///
+/// Memory: 8 bytes for each sample that is handed out, twice as many for several channels without a mixer.
+///
+/// @param mixer  makes one channel of each block that is read; without, all channels are handed out.
+Recording readRecording(const std::string& path, const RawFormat& raw = {}, const Mixer& mixer = {});
 
 /// Writes samples of one channel, full scale -1 to 1, as a WAV file of 32-bit floating point. A file that
 /// cannot be written is a std::runtime_error, without its name.

@@ -59,9 +59,10 @@ bool holdsNumbers(const mxArray& array) {
     return array.classID != mxCHAR_CLASS && array.classID != mxSTRUCT_CLASS;
 }
 
-mxArray withDoubles(const mxArray& array) {
+mxArray withDoubles(mxArray array) {
     const bool isConverted = holdsNumbers(array) && array.classID != mxDOUBLE_CLASS;
-    return isConverted ? mxArray{array.rows, array.columns, elementsOf(array)} : array;
+    if (isConverted) return {array.rows, array.columns, elementsOf(array)};
+    return array;
 }
 
 std::string summary(const mxArray& array) {

@@ -9,7 +9,7 @@
 bool holdsNumbers(const mxArray& array);
 
 /// The array, or a matrix of integers or singles as one of doubles.
-mxArray withDoubles(const mxArray& array);
+mxArray withDoubles(mxArray array);
 
 /// Characters in quotes; a struct's fields, one in a line; of a matrix "128 x 340, min -0.5, max 2.25, mean
 /// 0.125"; minimum, maximum and mean over the elements that are numbers, the others are counted.

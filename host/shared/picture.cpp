@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <limits>
 #include <stdexcept>
 #include <vector>
@@ -73,7 +75,7 @@ void drawUpright(Gnuplot& plot, double x, const char* colour) {
               x, x, colour);
 }
 
-/// The waveform as a curve of at most two points, least and greatest, for each of its buckets.
+/// A waveform as a curve of at most two points, least and greatest, for each of its buckets.
 void drawWave(Gnuplot& plot, const mxArray& wave, double rate) {
     const size_t count = wave.data.size();
     const size_t bucket = std::max<size_t>(1, count / mostBuckets);
@@ -96,7 +98,10 @@ void drawWave(Gnuplot& plot, const mxArray& wave, double rate) {
               "lw 1 notitle",
               points.size() / 2);
     plot.data(points);
-    plot.line("unset arrow");
+}
+
+const char* timeLabel(double rate) {
+    return rate > 0 ? "Time (s)" : "Time (samples)";
 }
 
 /// Magnitudes in dB, those that are 80 below the loudest and less as that.
@@ -107,6 +112,12 @@ void toDecibels(std::vector<double>& magnitudes) {
         loudest = std::max(loudest, value);
     }
     for (double& value : magnitudes) value = std::max(value, loudest - 80);
+}
+
+/// What stands out from the palette.
+const char* overColour(bool bothSigns, bool decibels) {
+    if (bothSigns) return "#000000";
+    return decibels ? "#ff3030" : "#ffffff";
 }
 
 void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y, const Axes& axes) {
@@ -139,8 +150,8 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
               axes.over.empty() ? "" : ", \\");
     if (!axes.over.empty())
         plot.line("'-' binary record=(%zu) format='%%double%%double' using 1:2 with points pt 7 ps 0.4 "
-                  "lc rgb '#ff3030' notitle",
-                  axes.over.size() / 2);
+                  "lc rgb '%s' notitle",
+                  axes.over.size() / 2, overColour(bothSigns, axes.decibels));
     plot.data(pixels);
     plot.data(axes.over);
 }
@@ -176,29 +187,91 @@ void drawNothing(Gnuplot& plot, const mxArray& output) {
     plot.line("unset ylabel; unset ytics; set yrange [0:1]; plot -1 notitle");
 }
 
-void drawOutput(Gnuplot& plot, const mxArray& output, const Axes& axes, bool sharedTimeAxis) {
-    const Scale x = columnScale(axes);
-    const Scale y = rowScale(axes);
+/// The time axis of a panel: its own, or that of the waveform, with numbers or with ticks only.
+enum class TimeAxis { own, shared, ticks };
+
+void setTimeAxis(Gnuplot& plot, TimeAxis axis, const std::string& label) {
+    if (axis == TimeAxis::ticks)
+        plot.line("set format x ''; unset xlabel");
+    else
+        plot.line("unset format; set xlabel '%s'", label.c_str());
+}
+
+void drawMatrix(Gnuplot& plot, const Panel& panel, TimeAxis axis) {
+    const mxArray& output = panel.output;
+    const Scale x = columnScale(panel.axes);
+    const Scale y = rowScale(panel.axes);
     const bool column = output.columns == 1;
     const bool downRows = column && output.rows > 1;
     const Scale& across = downRows ? y : x;
     const double length = static_cast<double>(std::max<size_t>(1, column ? output.rows : output.columns));
-    if (!sharedTimeAxis || downRows)
+    if (axis == TimeAxis::own || downRows)
         plot.line("set xrange [%.17g:%.17g]", across.at(-0.5), across.at(length - 0.5));
-    if (axes.cut >= 0) drawUpright(plot, axes.cut, "#ffffff");
-    plot.line("set xlabel '%s'", across.label.c_str());
+    if (panel.axes.cut >= 0) drawUpright(plot, panel.axes.cut, "#ffffff");
+    setTimeAxis(plot, axis, across.label);
     if (output.data.empty())
         drawNothing(plot, output);
     else if (output.rows == 1 || column)
-        drawLine(plot, output, across, axes);
+        drawLine(plot, output, across, panel.axes);
     else
-        drawImage(plot, output, x, y, axes);
+        drawImage(plot, output, x, y, panel.axes);
+}
+
+void drawPanel(Gnuplot& plot, const Panel& panel, TimeAxis axis) {
+    if (!panel.axes.sound || panel.output.data.empty()) return drawMatrix(plot, panel, axis);
+    setTimeAxis(plot, axis, timeLabel(panel.axes.rate));
+    drawWave(plot, panel.output, panel.axes.rate);
+}
+
+bool hasTimes(const Axes& axes) {
+    return axes.frames || ((axes.timeStep > 0 || axes.sound) && axes.rate > 0);
+}
+
+void setMargins(Gnuplot& plot, double top, double bottom) {
+    plot.line("set tmargin at screen %g; set bmargin at screen %g", top, bottom);
+}
+
+/// The waveform in the upper part; its time axis has numbers where what follows has another.
+void drawAbove(Gnuplot& plot, const Above& above, bool sharedTimeAxis) {
+    setMargins(plot, 0.93, 0.69);
+    setTimeAxis(plot, sharedTimeAxis ? TimeAxis::ticks : TimeAxis::own, timeLabel(above.rate));
+    for (size_t i = 0; i < above.marks.size(); ++i)
+        drawUpright(plot, above.marks[i], i % 2 == 0 ? beginColour : endColour);
+    drawWave(plot, *above.samples, above.rate);
+    plot.line("unset arrow");
+}
+
+/// The panels below it, each as high as the others.
+void drawPanels(Gnuplot& plot, const std::vector<Panel>& panels, bool below, bool sharedTimeAxis) {
+    constexpr double bottom = 0.085;
+    const double gap = sharedTimeAxis ? 0.04 : 0.11;
+    const double top = below ? 0.69 - gap : 0.93;
+    const double height = (top + gap - bottom) / static_cast<double>(panels.size());
+    for (size_t i = 0; i < panels.size(); ++i) {
+        const double upper = top - height * static_cast<double>(i);
+        const TimeAxis shared = i + 1 < panels.size() ? TimeAxis::ticks : TimeAxis::shared;
+        setMargins(plot, upper, upper - height + gap);
+        drawPanel(plot, panels[i], sharedTimeAxis ? shared : TimeAxis::own);
+        plot.line("unset arrow; unset label");
+    }
+}
+
+/// A picture that could not be written to its end, on a full disk for example, lacks the last chunk of a PNG;
+/// gnuplot itself does not tell.
+void requireWhole(const std::string& path) {
+    constexpr int chunkSize = 12;
+    if (!std::filesystem::is_regular_file(path)) return;
+    std::ifstream file(path, std::ios::binary);
+    std::string end(chunkSize, ' ');
+    file.seekg(-chunkSize, std::ios::end);
+    if (!file.read(end.data(), chunkSize) || end.substr(4, 4) != "IEND")
+        throw std::runtime_error("the picture is not whole: is the disk full?");
 }
 
 } // namespace
 
-void drawPicture(const std::string& path, const std::string& title, const mxArray* wave,
-                 const mxArray& output, const Axes& axes) {
+void drawPicture(const std::string& path, const std::string& title, const Above& above,
+                 const std::vector<Panel>& panels) {
     Gnuplot plot;
     plot.line("set encoding utf8");
     plot.line("set terminal pngcairo size 1200,800 noenhanced font 'Sans,11'");
@@ -206,22 +279,13 @@ void drawPicture(const std::string& path, const std::string& title, const mxArra
     plot.line("set multiplot title %s font 'Sans:Bold,13'", Gnuplot::quoted(title).c_str());
     plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
     plot.line("set border lw 0.8; set tics out nomirror");
-    const bool drawsWave = wave && !wave->data.empty();
-    const bool sharedTimeAxis = drawsWave && (axes.frames || (axes.timeStep > 0 && axes.rate > 0));
-    if (drawsWave) {
-        plot.line("set tmargin at screen 0.93; set bmargin at screen 0.69");
-        if (sharedTimeAxis)
-            plot.line("set format x ''");
-        else
-            plot.line("set xlabel '%s'", axes.rate > 0 ? "Time (s)" : "Time (samples)");
-        for (size_t i = 0; i < axes.marks.size(); ++i)
-            drawUpright(plot, axes.marks[i], i % 2 == 0 ? beginColour : endColour);
-        drawWave(plot, *wave, axes.rate);
-        plot.line("unset format");
-    }
-    const double top = sharedTimeAxis ? 0.65 : drawsWave ? 0.58 : 0.93;
-    plot.line("set tmargin at screen %g; set bmargin at screen 0.085", top);
-    drawOutput(plot, output, axes, sharedTimeAxis);
+    const bool drawsWave = above.samples && !above.samples->data.empty();
+    const bool sharedTimeAxis =
+        drawsWave &&
+        std::all_of(panels.begin(), panels.end(), [](const Panel& panel) { return hasTimes(panel.axes); });
+    if (drawsWave) drawAbove(plot, above, sharedTimeAxis);
+    drawPanels(plot, panels, drawsWave, sharedTimeAxis);
     plot.line("unset multiplot");
     plot.finish();
+    requireWhole(path);
 }

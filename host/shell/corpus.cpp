@@ -12,6 +12,7 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,8 +22,10 @@ namespace {
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
+/// A file in memory, which no full disk concerns.
 File scratchFile() {
-    File file(std::tmpfile(), std::fclose);
+    const int descriptor = memfd_create("wavepitch", 0);
+    File file(descriptor < 0 ? nullptr : fdopen(descriptor, "w+"), std::fclose);
     if (!file) throw std::runtime_error(std::string("no scratch file: ") + std::strerror(errno));
     return file;
 }
@@ -109,9 +112,20 @@ private:
                 refused(next, job.refusal);
             else if (course.resume && isDone(job))
                 leaveOut(next);
-            else
-                start(next);
+            else if (!starts(next))
+                break;
         }
+    }
+
+    /// Where the system has no room for one more, those that run make some: the job waits.
+    bool starts(size_t job) {
+        try {
+            start(job);
+        } catch (const std::runtime_error& error) {
+            if (!children.empty()) return false;
+            refused(job, error.what());
+        }
+        return true;
     }
 
     void start(size_t job) {
@@ -120,7 +134,10 @@ private:
         std::fflush(nullptr);
         const pid_t pid = fork();
         if (pid < 0) throw std::runtime_error(std::string("no process: ") + std::strerror(errno));
-        if (pid == 0) _exit(runJob(child, itsMark));
+        if (pid == 0) {
+            children.clear(); // their files are the parent's to read
+            _exit(runJob(child, itsMark));
+        }
         setpgid(pid, pid); // a picture's program ends with its job
         children.emplace(pid, std::move(child));
     }
@@ -144,19 +161,25 @@ private:
         return status;
     }
 
+    static void handOver(const std::string& text, std::FILE* result) {
+        if (std::fputs(text.c_str(), result) < 0 || std::fflush(result) != 0)
+            throw std::runtime_error(std::string("scratch file: ") + std::strerror(errno));
+    }
+
     void doJob(const Job& job, const std::string& itsMark, std::FILE* result) const {
         const Analysis analysis = analyse(request, job.recording);
         if (request.format == Format::wav)
             writeWhole(job.table, itsMark,
                        [&](const std::string& path) { writeSound(request, analysis, path); });
         else if (writesToOutput(job))
-            std::fputs(textOf(request, analysis, jobs.size() > 1 ? job.recording : "").c_str(), result);
+            handOver(textOf(request, analysis, jobs.size() > 1 ? job.recording : ""), result);
         else
             writeWhole(job.table, itsMark,
                        [&](const std::string& path) { writeContents(path, textOf(request, analysis, "")); });
         if (job.picture.empty()) return;
-        const std::string title =
-            request.function->name + " (" + std::filesystem::path(job.recording).filename().string() + ")";
+        std::string title = request.function->name;
+        if (!job.recording.empty())
+            title += " (" + std::filesystem::path(job.recording).filename().string() + ")";
         writeWhole(job.picture, itsMark,
                    [&](const std::string& path) { draw(request, analysis, title, path); });
     }

@@ -22,11 +22,21 @@ fs::path partOf(const fs::path& path, const std::string& mark) {
     throw std::runtime_error(path + ": cannot be written: " + reason);
 }
 
+/// The file itself that a link leads to. Some lead to none: those that stand for an open file without a name.
+std::string behindLinks(const std::string& name, std::error_code& error) {
+    std::error_code unknown;
+    const bool isLink = fs::is_symlink(name, unknown);
+    const bool leadsElsewhere = fs::exists(name, unknown) && !fs::is_regular_file(name, unknown);
+    return isLink && !leadsElsewhere ? fs::canonical(name, error).string() : name;
+}
+
 } // namespace
 
-void writeWhole(const std::string& path, const std::string& mark,
+void writeWhole(const std::string& name, const std::string& mark,
                 const std::function<void(const std::string& temporary)>& write) {
     std::error_code error;
+    const std::string path = behindLinks(name, error);
+    if (error) refuse(name, error.message());
     if (fs::exists(path, error) && !fs::is_regular_file(path, error)) {
         if (fs::is_directory(path, error)) refuse(path, "is a folder");
         return write(path);
@@ -47,9 +57,9 @@ void writeWhole(const std::string& path, const std::string& mark,
     refuse(path, reason);
 }
 
-void removePart(const std::string& path, const std::string& mark) {
+void removePart(const std::string& name, const std::string& mark) {
     std::error_code gone;
-    if (!path.empty()) fs::remove(partOf(path, mark), gone);
+    if (!name.empty()) fs::remove(partOf(behindLinks(name, gone), mark), gone);
 }
 
 void writeContents(const std::string& path, const std::string& contents) {

@@ -12,7 +12,8 @@ namespace shell {
 
 namespace {
 
-/// Outputs that are no curves. The first output of a function is never the axis of another.
+/// Outputs that are no curves. The first output of a function is never the axis of another, and behind a
+/// curve there is a number for each of its values.
 const std::vector<Output> namedForms = {{"time", Form::time, ""},
                                         {"segments", Form::segments, ""},
                                         {"pfMat", Form::matrix, "lag"},
@@ -25,6 +26,14 @@ const std::vector<Output> namedForms = {{"time", Form::time, ""},
                                         {"distances", Form::list, ""},
                                         {"shifts", Form::list, ""},
                                         {"param", Form::record, ""},
+                                        {"silent", Form::number, ""},
+                                        {"code", Form::number, ""},
+                                        {"meaning", Form::number, ""},
+                                        {"first", Form::number, ""},
+                                        {"distance", Form::number, ""},
+                                        {"position", Form::number, ""},
+                                        {"shift", Form::number, ""},
+                                        {"ratio", Form::number, ""},
                                         {"out", Form::sound, ""},
                                         {"wave", Form::sound, ""}};
 
@@ -45,7 +54,11 @@ std::string helpOf(const std::string& name) {
     const auto text = std::find_if(helpTexts.begin(), helpTexts.end(),
                                    [&](const HelpText& candidate) { return candidate.function == name; });
     if (text == helpTexts.end()) return "";
-    return std::regex_replace(text->comment, std::regex("(^|\n)% ?"), "$1");
+    std::istringstream lines(text->comment);
+    std::string help;
+    for (std::string line; std::getline(lines, line);)
+        help += line.substr(line.starts_with("% ") ? 2 : line.starts_with('%') ? 1 : 0) + '\n';
+    return help;
 }
 
 /// The first line, without the name that it begins with.
@@ -62,8 +75,12 @@ Function functionOf(const Command& command, const std::string& room) {
     result.inputs = words(usage.substr(usage.find('(')));
     result.options = result.takes("value");
     if (result.options) result.inputs.resize(result.inputs.size() - 2);
-    for (const std::string& name : words(usage.substr(0, equals)))
-        result.outputs.push_back(outputOf(name, result.outputs.empty()));
+    for (const std::string& name : words(usage.substr(0, equals))) {
+        Output output = outputOf(name, result.outputs.empty());
+        const bool isOfEach = !result.outputs.empty() && result.outputs.front().form == Form::curve;
+        if (isOfEach && output.form == Form::number) output.form = Form::curve;
+        result.outputs.push_back(output);
+    }
     return result;
 }
 

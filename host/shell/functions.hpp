@@ -8,7 +8,8 @@ namespace shell {
 
 /// What an output of a function is, told by its name.
 enum class Form {
-    curve,    // a value for each frame, or a single one
+    curve,    // a value for each frame, or for each element of an input
+    number,   // a single value or text
     time,     // of the frames, in seconds
     segments, // first and last sample of each
     matrix,   // a column for each frame

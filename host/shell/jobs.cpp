@@ -22,19 +22,24 @@ bool soundsLikeAudio(const fs::path& path, bool raw) {
     return extensions.contains(extension) || (raw && (extension == ".raw" || extension == ".pcm"));
 }
 
-/// The recordings of a folder; a single job with a refusal where it cannot be read or has none.
-std::vector<Job> jobsOfFolder(const std::string& folder, bool raw) {
-    std::vector<std::string> names;
+/// The recordings in a folder, at any depth, and a job with a refusal for each folder that cannot be read.
+void collect(const fs::path& folder, bool raw, std::vector<Job>& jobs) {
     std::error_code error;
-    for (fs::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error))
-        if (entry->is_regular_file() && soundsLikeAudio(entry->path(), raw)) names.push_back(entry->path());
-    if (error) return {{folder, "", "", error.message()}};
-    if (names.empty()) return {{folder, "", "", "holds no recordings"}};
-    std::sort(names.begin(), names.end());
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code unknown; // of links to nowhere
+        if (entry->is_directory(unknown) && !entry->is_symlink(unknown))
+            collect(entry->path(), raw, jobs);
+        else if (entry->is_regular_file(unknown) && soundsLikeAudio(entry->path(), raw))
+            jobs.push_back({entry->path(), "", "", ""});
+    }
+    if (error) jobs.push_back({folder, "", "", error.message()});
+}
+
+std::vector<Job> jobsOfFolder(const std::string& folder, bool raw) {
     std::vector<Job> jobs;
-    jobs.reserve(names.size());
-    for (const std::string& name : names) jobs.push_back({name, "", "", ""});
+    collect(folder, raw, jobs);
+    if (jobs.empty()) return {{folder, "", "", "holds no recordings"}};
+    std::sort(jobs.begin(), jobs.end(), [](const Job& a, const Job& b) { return a.recording < b.recording; });
     return jobs;
 }
 
@@ -70,15 +75,18 @@ void place(Job& job, const Places& places) {
     if (places.pictures) job.picture = path.replace_extension(".png");
 }
 
+/// What two jobs would write, or a job twice, or over a recording.
 void refuseSameFiles(std::vector<Job>& jobs) {
     std::map<std::string, const Job*> writers;
     for (Job& job : jobs) {
-        std::error_code unknown;
-        if (job.table.empty() || !job.refusal.empty()) continue;
-        const auto [writer, isFirst] = writers.emplace(job.table, &job);
-        if (!isFirst)
-            job.refusal = "would write " + job.table + ", as " + writer->second->recording + " does";
-        if (fs::equivalent(job.table, job.recording, unknown)) job.refusal = "would be overwritten";
+        if (!job.refusal.empty()) continue;
+        for (const std::string& file : {job.table, job.picture}) {
+            std::error_code unknown;
+            if (file.empty()) continue;
+            const auto [writer, isFirst] = writers.emplace(file, &job);
+            if (!isFirst) job.refusal = "would write " + file + ", as " + writer->second->recording + " does";
+            if (fs::equivalent(file, job.recording, unknown)) job.refusal = "would be overwritten";
+        }
     }
 }
 

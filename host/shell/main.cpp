@@ -15,11 +15,15 @@ using namespace shell;
 
 constexpr int usageStatus = 2;
 
-/// Negative numbers are inputs, not options. A leading blank, which number readers skip, tells them apart.
+/// Negative numbers, and lists that begin with one, are inputs, not options. A leading blank, which number
+/// readers skip, tells them apart.
 std::vector<std::string> wordsToParse(int argc, char** argv) {
     std::vector<std::string> words(argv + 1, argv + argc);
-    for (std::string& word : words)
-        if (word.starts_with('-') && word != "-0" && isNumber(word)) word.insert(0, " ");
+    for (std::string& word : words) {
+        if (word == "--") break;
+        if (word.starts_with('-') && word != "-0" && isNumber(word.substr(0, word.find(','))))
+            word.insert(0, " ");
+    }
     std::reverse(words.begin(), words.end()); // the parser takes the last first
     return words;
 }

@@ -1,5 +1,7 @@
 #include "options.hpp"
 
+#include "drawing.hpp"
+
 #include <algorithm>
 #include <stdexcept>
 #include <thread>
@@ -15,7 +17,7 @@ void declareFormats(CLI::App& app, Options& options) {
                                                       {"--labels", Format::labels},
                                                       {"--wav", Format::wav}};
     const char* const texts[] = {"a table with tabs instead of commas",
-                                 "an object with an array for each column, one a line",
+                                 "an object with an array for each column, or a single value, one a line",
                                  "time and value between blanks, a frame a line, without names",
                                  "segments as a label track: start and end in seconds, number, between tabs",
                                  "sound, as WAV of 32-bit floating point"};
@@ -56,7 +58,7 @@ void declarePlaces(CLI::App& app, Options& options) {
                  "leave out recordings whose files in DIR are there and newer")
         ->needs("--out-dir");
     app.add_option("-j,--jobs", options.course.sideBySide,
-                   "recordings side by side; default the number of cores")
+                   "recordings side by side; default the number of cores. The bar on a terminal takes pv")
         ->check(CLI::Range(1, 4096))
         ->type_name("N");
 }
@@ -153,9 +155,12 @@ Request requestOf(const Function& function, Options& options) {
     if (function.takesRecording() && recordings.empty())
         throw std::runtime_error(function.name + ": a recording is wanted; wavepitch help " + function.name +
                                  " tells more");
+    if (options.places.file == "-" || options.places.file == "/dev/stdout") options.places.file.clear();
     requirePlaces(options, recordings.size());
     request.output = outputOf(function, options);
     requireFit(function, request.output, options.format);
+    const bool draws = options.places.pictures || !options.places.picture.empty();
+    request.count = draws ? countToDraw(function, request.output) : countFor(function, request.output);
     request.format = options.format;
     request.channel = options.channel;
     request.mix = options.mix;

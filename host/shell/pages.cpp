@@ -6,6 +6,8 @@
 
 #include <cstdio>
 #include <fstream>
+#include <regex>
+#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -51,7 +53,7 @@ for a table of numbers. A recording whose own name has this form is written with
 that take no recording take their inputs in order.
 .PP
 Several recordings are analysed side by side, each in a process of its own; their order and number change no
-result. One that cannot be read, or that the function refuses, is named on standard error with its reason, and the
+result. On a terminal the program pv draws a bar, where it is installed. One that cannot be read, or that the function refuses, is named on standard error with its reason, and the
 others go on. Every file is written under another name and gets its own when it is whole.
 .SH OPTIONS
 )";
@@ -105,6 +107,23 @@ std::string namesOf(const CLI::App& app) {
     return names;
 }
 
+/// NAME= for each that a line of the help's section on options begins with; a sentence there begins with a
+/// capital.
+std::string optionsOf(const Function& function) {
+    static const std::regex names("  ([a-z]\\w*(, \\w+)*) .*");
+    static const std::regex name("(\\w+),? ?");
+    std::istringstream help(function.help);
+    std::string text;
+    bool isInside = false;
+    for (std::string line; std::getline(help, line);) {
+        if (!line.starts_with(' ')) isInside = line.starts_with("Options");
+        std::smatch found;
+        if (isInside && std::regex_match(line, found, names))
+            text += std::regex_replace(found[1].str(), name, "$1= ");
+    }
+    return text;
+}
+
 std::string completion(const CLI::App& app) {
     std::string text = "# Completion of the command wavepitch for bash.\n_wavepitch() {\n"
                        "    local word=${COMP_WORDS[COMP_CWORD]} functions=\"help";
@@ -119,6 +138,7 @@ std::string completion(const CLI::App& app) {
         text += "    " + function.name + ") inputs=\"";
         for (const std::string& input : function.inputs)
             if (input != "wave" && !function.isRate(input)) text += input + "= ";
+        if (function.options) text += optionsOf(function);
         text += "\" ;;\n";
     }
     return text +

@@ -71,18 +71,18 @@ const mxArray* find(const Parameters& parameters, const std::string& name) {
     return found == parameters.rend() ? nullptr : &found->second;
 }
 
-std::vector<mxArray> inputsOf(const Function& function, const Parameters& parameters, const mxArray* wave,
+std::vector<mxArray> inputsOf(const Function& function, const Parameters& parameters, mxArray wave,
                               double rate) {
     std::vector<mxArray> result = {characters(function.name)};
     std::string missing;
     for (const std::string& input : function.inputs) {
         const mxArray* given = find(parameters, input);
-        const bool isRecordings = wave && (input == "wave" || function.isRate(input));
+        const bool isRecordings = function.takesRecording() && (input == "wave" || function.isRate(input));
         if (isRecordings && given)
             throw std::runtime_error(function.name + ": " + input + " comes from the recording");
         if (given && !missing.empty()) refuseGap(function, missing, input);
         if (isRecordings)
-            result.push_back(input == "wave" ? *wave : scalar(rate));
+            result.push_back(input == "wave" ? std::move(wave) : scalar(rate));
         else if (given)
             result.push_back(*given);
         else if (missing.empty())
@@ -101,6 +101,11 @@ std::vector<mxArray> inputsOf(const Function& function, const Parameters& parame
         result.push_back(value);
     }
     return result;
+}
+
+mxArray& waveOf(const Function& function, std::vector<mxArray>& inputs) {
+    const auto wave = std::find(function.inputs.begin(), function.inputs.end(), "wave");
+    return inputs.at(static_cast<size_t>(wave - function.inputs.begin()) + 1);
 }
 
 } // namespace shell

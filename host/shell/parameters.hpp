@@ -29,7 +29,10 @@ const mxArray* find(const Parameters& parameters, const std::string& name);
 /// std::runtime_errors.
 ///
 /// @param wave  the recording as a column, for functions that take one; its rate is the function's.
-std::vector<mxArray> inputsOf(const Function& function, const Parameters& parameters, const mxArray* wave,
+std::vector<mxArray> inputsOf(const Function& function, const Parameters& parameters, mxArray wave,
                               double rate);
+
+/// The recording among the inputs of a function that takes one.
+mxArray& waveOf(const Function& function, std::vector<mxArray>& inputs);
 
 } // namespace shell

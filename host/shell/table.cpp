@@ -10,7 +10,7 @@ namespace shell {
 namespace {
 
 bool areShownTogether(Form form) {
-    return form == Form::curve || form == Form::list;
+    return form == Form::curve || form == Form::number || form == Form::list;
 }
 
 Table segmentTable(const mxArray& segments, double rate) {
@@ -42,7 +42,8 @@ void addMatrix(Table& table, const Function& function, const Output& output, con
 
 void addFields(Table& table, const mxArray& record) {
     for (size_t i = 0; i < record.fields.size(); ++i)
-        table.push_back({record.fieldNames[i], record.fields[i].data, record.fields[i].bytes});
+        table.push_back({record.fieldNames[i], record.fields[i].data, record.fields[i].bytes,
+                         record.fields[i].data.size() == 1});
 }
 
 /// A text as one cell: between quotes where it holds what separates cells.
@@ -82,10 +83,12 @@ void writeJson(std::ostream& out, const Table& table, const std::string& file) {
     nlohmann::ordered_json object;
     if (!file.empty()) object["file"] = file;
     for (const Column& column : table) {
-        if (column.text.empty())
-            object[column.name] = column.values;
-        else
+        if (!column.text.empty())
             object[column.name] = column.text;
+        else if (column.isSingle)
+            object[column.name] = column.values.at(0);
+        else
+            object[column.name] = column.values;
     }
     out << object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
 }
@@ -121,7 +124,8 @@ std::vector<int> shownWith(const Function& function, int output) {
     const Form form = function.outputs[static_cast<size_t>(output)].form;
     std::vector<int> shown;
     const int time = function.find(Form::time);
-    if (time >= 0 && (form == Form::curve || form == Form::matrix)) shown.push_back(time);
+    if (time >= 0 && (form == Form::curve || form == Form::number || form == Form::matrix))
+        shown.push_back(time);
     for (int i = 0; i < static_cast<int>(function.outputs.size()); ++i) {
         const bool goesWithIt =
             areShownTogether(form) && function.outputs[static_cast<size_t>(i)].form == form;
@@ -137,6 +141,7 @@ int countFor(const Function& function, int output) {
 }
 
 Table tableOf(const Function& function, int output, const Outputs& outputs, double rate) {
+    const bool isSingle = function.outputs[static_cast<size_t>(output)].form == Form::number;
     Table table;
     for (const int i : shownWith(function, output)) {
         const Output& its = function.outputs[static_cast<size_t>(i)];
@@ -147,7 +152,7 @@ Table tableOf(const Function& function, int output, const Outputs& outputs, doub
         else if (its.form == Form::record)
             addFields(table, array);
         else
-            table.push_back({its.name, array.data, array.bytes});
+            table.push_back({its.name, array.data, array.bytes, isSingle});
     }
     return table;
 }

@@ -15,7 +15,8 @@ namespace shell {
 struct Column {
     std::string name;
     std::vector<double> values;
-    std::string text; // instead of values, of one row
+    std::string text;      // instead of values, of one row
+    bool isSingle = false; // one value by its nature, not by chance
 };
 
 using Table = std::vector<Column>;
@@ -40,10 +41,10 @@ int countFor(const Function& function, int output);
 Table tableOf(const Function& function, int output, const Outputs& outputs, double rate);
 
 /// Writes a table: csv and tsv with a line of names, cells in the shortest form that reads back as the same
-/// double, missing ones empty; json as an object with an array for each column and what is not finite as
-/// null; columns as the first two, between blanks, without names; labels as start, end and a number, between
-/// tabs, without names. The format must fit the table: columns want two of them, labels segments; wav is none
-/// of these.
+/// double, missing ones empty; json as an object with an array for each column, or its single value, and
+/// what is not finite as null; columns as the first two, between blanks, without names; labels as start, end
+/// and a number, between tabs, without names. The format must fit the table: columns want two of them, labels
+/// segments; wav is none of these.
 ///
 /// @param file  where it is not "", it stands as the first column (csv, tsv) or as a member (json).
 void write(std::ostream& out, const Table& table, Format format, const std::string& file = "");

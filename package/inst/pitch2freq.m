@@ -18,4 +18,4 @@ function varargout = pitch2freq (varargin)
   [varargout{:}] = wavepitchLibrary ("pitch2freq", varargin{:});
 end
 
-%!assert (pitch2freq ([69 81; 57 0]), [440 880; 220 0], 1e-3)
+%!assert (pitch2freq (uint16 ([69 81; 57 0])), [440 880; 220 0], 1e-3)

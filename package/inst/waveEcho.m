@@ -25,6 +25,5 @@ function varargout = waveEcho (varargin)
   varargout = resultOrPicture ("waveEcho", varargin, nargout, 1, draw);
 end
 
-%!assert (waveEcho ([1 0 0 0 0], 10, 0.2, 0.5), [1 0 0.5 0 0.25])
 %!assert (waveEcho (uint8 ([255 128 128]), 10, 0.1, -1), uint8 ([255 1 255]))
 %!assert (waveEcho (int16 ([30000; 30000]), 10, 0.1, 1), int16 ([30000; 32767]))

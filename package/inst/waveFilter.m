@@ -21,5 +21,4 @@ function varargout = waveFilter (varargin)
   varargout = resultOrPicture ("waveFilter", varargin, nargout, 1, draw);
 end
 
-%!assert (waveFilter ([1 2], [1 0.5], 1:9), filter ([1 2], [1 0.5], 1:9), 1e-12)
 %!assert (waveFilter (1, 1, uint8 ([0; 128; 192])), [-1; 0; 0.5])

@@ -15,10 +15,11 @@ add_executable(shellTest host/shell.cpp)   # of the library it sees what a user 
 target_link_libraries(shellTest PRIVATE GTest::gtest_main ${SNDFILE_LIBRARY} wavepitchWarnings)
 add_test(NAME shellTest COMMAND shellTest)
 target_compile_definitions(shellTest PRIVATE
+  WAVEPITCH_COMPLETION="$<TARGET_FILE_DIR:wavepitch>/host/shell/completion/wavepitch"
   WAVEPITCH_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
   WAVEPITCH_FOLDER="$<TARGET_FILE_DIR:wavepitch>"
   WAVEPITCH_PACKAGE="${PROJECT_SOURCE_DIR}/package")
-add_dependencies(shellTest wavepitch)
+add_dependencies(shellTest wavepitch shellPages)
 
 add_test(NAME hostSymbols COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/host/hostSymbols ${PROJECT_SOURCE_DIR}/host/mex.h
   $<TARGET_FILE:wave2pfMat> $<TARGET_FILE:wavepitchLibrary>)

@@ -7,7 +7,6 @@
 
 void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
     mexPrintf("%s: %d in, %d out\n", mexFunctionName(), nrhs, nlhs);
-    plhs[0] = mxCreateDoubleMatrix(2, 0, mxREAL);
     switch (static_cast<int>(mxGetScalar(prhs[0]))) {
     case 0: // hands the other inputs back
         for (int i = 1; i < nrhs && i <= nlhs; ++i) {
@@ -29,6 +28,6 @@ void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]) {
         plhs[0] = const_cast<mxArray*>(prhs[0]);
         return; // not the module's to give
     default:
-        return; // 2 x 0
+        plhs[0] = mxCreateDoubleMatrix(2, 0, mxREAL);
     }
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sndfile.hh>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -65,50 +66,116 @@ TEST_F(Shell, EveryFunctionOfThePackageIsThereWithItsHelp) {
 
 TEST_F(Shell, ResultsStandInTheFormAskedFor) {
     const struct {
-        std::string call, out;
+        std::string line, out;
     } cases[] = {
-        {"pitch2freq 69,81 --json", "{\"frequency\":[440.0,880.0]}\n"},
-        {"setCover sets=@sets.csv", "chosen,coverage\n2,0.6\n1,1\n"},
-        {"setCover sets=@sets.csv maxSetNum=1 --tsv", "chosen\tcoverage\n2\t0.6\n"},
-        {"wave2frames three.wav frameSize=2 overlap=1",
+        {"wavepitch pitch2freq 69,81 --json", "{\"frequency\":[440.0,880.0]}\n"},
+        {"wavepitch pitch2freq -3", "frequency\n0\n"},
+        {"wavepitch lrShiftDist -1,-2 3,2,9 --json", "{\"distance\":0.0,\"position\":1.0,\"shift\":-4.0}\n"},
+        {"wavepitch ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
+        {"wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
+        {"wavepitch setCover sets=@sets.csv", "chosen,coverage\n2,0.6\n1,1\n"},
+        {"wavepitch setCover sets=@sets.csv maxSetNum=2 maxSetNum=1 --tsv", "chosen\tcoverage\n2\t0.6\n"},
+        {"wavepitch wave2frames three.wav frameSize=2 overlap=1",
          "time,sample0,sample1\n0.001,0,0.5\n0.002,0.5,0.25\n"},
-        {"wave2volume three.wav frameSize=2 overlap=1 nbits=8 --columns", "0.001 64\n0.002 32\n"},
-        {"endPoints silence.wav method=character", "start,end,firstSample,lastSample\n0,0.426,1,426\n"},
-        {"endPoints silence.wav METHOD=character --labels", "0\t0.426\t1\n"},
-        {"absSpectrogram silence.wav frameSize=2 overlap=0 | head -1", "time,0,500\n"},
-        {"isWaveSilence silence.wav 'a,b.wav' 2>&-", "file,silent\nsilence.wav,1\n\"a,b.wav\",1\n"},
+        {"wavepitch wave2frames pair.wav --mix frameSize=2 overlap=0",
+         "time,sample0,sample1\n0.001,0.5,0.25\n"},
+        {"wavepitch wave2pfMat three.wav frameSize=2 overlap=1 pfLen=1 pfType=acf pfMethod=1",
+         "time,lag0\n0.001,0.125\n0.002,0.03125\n"},
+        {"wavepitch wave2volume three.wav frameSize=2 overlap=1 nbits=8 --columns", "0.001 64\n0.002 32\n"},
+        {"wavepitch endPoints silence.wav method=character",
+         "start,end,firstSample,lastSample\n0,0.426,1,426\n"},
+        {"wavepitch endPoints silence.wav method=handset", "start,end,firstSample,lastSample\n"},
+        {"wavepitch endPoints $SPEECH method=volume volRatio=2 | wc -l", "12\n"},
+        {"wavepitch endPoints $SPEECH method=volume --show curve | tail -1", "5.496,52\n"},
+        {"wavepitch endPoints silence.wav METHOD=character --labels", "0\t0.426\t1\n"},
+        {"wavepitch absSpectrogram silence.wav frameSize=2 overlap=0 | head -1", "time,0,500\n"},
+        {"wavepitch wave2f0 $SPEECH --show correlation | head -c 14", "time,0.001125,"},
+        {"wavepitch waveResample three.wav newFs=500 --wav -o half.wav; "
+         "wavepitch wave2frames half.wav frameSize=2 overlap=0",
+         "time,sample0,sample1\n0.002,0,0.25\n"},
+        {"wavepitch isWaveSilence -r . 2>&-",
+         "file,silent\n\"./a\"\"b.wav\",1\n\"./a,b.wav\",1\n./half.wav,0\n./silence.wav,1\n./three.wav,0\n"},
+        {"wavepitch isWaveSilence $EXAMPLES/reading16k.wav silence.wav -j 2 2>&- | tail -1",
+         "silence.wav,1\n"},
+        {"printf 'silence.wav\\0three.wav' | wavepitch isWaveSilence -0 - 2>&-",
+         "file,silent\nsilence.wav,1\nthree.wav,0\n"},
+        {"mkdir raw; head -c 999 /dev/zero >raw/x.PCM; wavepitch isWaveSilence -r raw --raw 8000:s8",
+         "silent\n1\n"},
+        {"wavepitch wave2zcr ../shellFiles/three.wav frameSize=3 overlap=0 --out-dir to; cat "
+         "to/shellFiles/three.csv",
+         "time,zcr\n0.0015,0\n"},
+        {"for i in volume zcr; do wavepitch wave2$i three.wav frameSize=3 overlap=0 --out-dir to; done;"
+         "touch -d '1 hour ago' three.wav; wavepitch wave2volume three.wav --out-dir to --resume; cat "
+         "to/three.csv",
+         "time,zcr\n0.0015,0\n"},
+        {"touch -d 'next hour' three.wav;"
+         "wavepitch wave2ashod three.wav frameSize=3 overlap=0 --out-dir to --resume; cat to/three.csv",
+         "time,ashod\n0.0015,0\n"},
     };
     std::ofstream("sets.csv") << "1 2 0\n3 4 5\n5 0 0\n";
     writeSound("three.wav", {0, 0.5, 0.25}, 1, 1000);
+    writeSound("pair.wav", {0, 1, 0.25, 0.25}, 2, 1000);
     writeSound("silence.wav", std::vector<double>(500), 1, 1000);
-    fs::copy("silence.wav", "a,b.wav");
-    for (const auto& [call, out] : cases) EXPECT_EQ(bash("wavepitch " + call).out, out) << call;
+    bash("cp silence.wav a,b.wav; cp silence.wav 'a\"b.wav'");
+    for (const auto& [line, out] : cases) EXPECT_EQ(bash(line).out, out) << line;
+}
+
+TEST_F(Shell, PicturesShowWhatThePackageDraws) {
+    const struct {
+        std::string call, line; // of what gnuplot is told
+    } cases[] = {
+        {"endPoints $SPEECH", "first 76623 to graph 1"}, // the threshold
+        {"wave2f0 $SPEECH", "array=(1096,73)"},          // the lower part of the spectrogram
+        {"wave2pitch $SPEECH --show pfMat", "dx=0.032000000000000001 dy=0.125"}, // s, ms
+        {"wave2pitch $SPEECH", "lc rgb '#000000'"}, // lags over the pitch function
+        {"note2wave 69 0.5 8000", "set xrange [0:0.5]"},
+        {"uvCut $SPEECH", "from first 0.432, graph 0"},
+    };
+    bash("mkdir bin; printf '#!/bin/sh\ncat >script' >bin/gnuplot; chmod +x bin/gnuplot");
+    for (const auto& [call, line] : cases) {
+        bash("PATH=$PWD/bin:$PATH wavepitch " + call + " --png picture.png");
+        EXPECT_NE(contents("script").find(line), std::string::npos) << call;
+    }
 }
 
 TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
     const struct {
-        std::string call, message;
+        std::string line, message;
     } cases[] = {
-        {"missing.wav", "missing.wav: no such file"},
-        {".", ".: is a folder: -r takes"},
-        {"-r empty", "empty: holds no recordings"},
-        {"empty.wav", "empty.wav: is empty"},
-        {"header.wav", "header.wav: not readable as audio"},
-        {"cut.wav", "cut.wav: truncated: ends before its header says"},
-        {"none.wav", "none.wav: holds no samples"},
-        {"fast.wav", "fast.wav: wave2f0: FS must be"},
-        {"eight.wav", "eight.wav: has 8 channels: --channel N"},
-        {"eight.wav --channel 9", "eight.wav: has no channel 9"},
-        {"nan.wav", "nan.wav: wave2f0: WAVE must be a real vector of finite numbers"},
-        {"$'a \\'\"\\n'", "a '\"\\n: no such file"},
-        {"-- -f", "-f: no such file"},
-        {"$SPEECH fo=1", "no option is named \"fo\""},
-        {"$SPEECH fs=1", "fs comes from the recording"},
-        {"$SPEECH --raw 8:x", "\"8:x\" must be RATE:FORMAT"},
-        {"$SPEECH --show x", "no output is named \"x\"; there are f0"},
-        {"$SPEECH -o empty.wav/x", "empty.wav/x: cannot be written: Not a directory"},
-        {"$SPEECH -o /dev/full", "No space left on device"},
-        {"$SPEECH >/dev/full", "standard output cannot be written"},
+        {"wavepitch wave2f0 missing.wav", "missing.wav: no such file"},
+        {"wavepitch wave2f0 .", ".: is a folder: -r takes"},
+        {"wavepitch wave2f0 -r empty", "empty: holds no recordings"},
+        {"wavepitch wave2f0 empty.wav", "empty.wav: is empty"},
+        {"wavepitch wave2f0 header.wav", "header.wav: not readable as audio"},
+        {"wavepitch wave2f0 cut.wav", "cut.wav: truncated: ends before its header says"},
+        {"wavepitch wave2f0 none.wav", "none.wav: holds no samples"},
+        {"wavepitch wave2f0 fast.wav", "fast.wav: wave2f0: FS must be"},
+        {"wavepitch wave2f0 eight.wav", "eight.wav: has 8 channels: --channel N"},
+        {"wavepitch wave2f0 eight.wav --channel 9", "eight.wav: has no channel 9"},
+        {"wavepitch wave2f0 nan.wav", "nan.wav: wave2f0: WAVE must be a real vector of finite numbers"},
+        {"wavepitch wave2f0 $'a \\'\"\\a\\n'", "a '\"\\x07\\n: no such file"},
+        {"wavepitch wave2f0 -- -f", "-f: no such file"},
+        {"wavepitch wave2f0 $SPEECH fo=1", "no option is named \"fo\""},
+        {"wavepitch wave2f0 $SPEECH fs=1", "fs comes from the recording"},
+        {"wavepitch wave2f0 $SPEECH --raw 8:x", "\"8:x\" must be RATE:FORMAT"},
+        {"wavepitch wave2f0 $SPEECH --raw 0:s8", "\"0:s8\" must be RATE:FORMAT"},
+        {"wavepitch wave2f0 $SPEECH --show x", "no output is named \"x\"; there are f0"},
+        {"wavepitch wave2f0 $SPEECH $SPEECH -o x", "-o and --png are for one recording"},
+        {"wavepitch wave2f0 eight.wav --mix -o eight.wav", "eight.wav: would be overwritten"},
+        {"wavepitch wave2f0 $SPEECH -o empty.wav/x", "empty.wav/x: cannot be written: Not a directory"},
+        {"wavepitch wave2f0 empty.wav --png ./empty.wav", "empty.wav: would be overwritten"},
+        {"wavepitch wave2f0 $SPEECH -o x --png x", "would write x"},
+        {"wavepitch wave2f0 $SPEECH -o /dev/full", "No space left on device"},
+        {"wavepitch wave2f0 $SPEECH >/dev/full", "standard output cannot be written"},
+        {"ulimit -f 20; wavepitch wave2f0 $SPEECH --show correlation -o x", "ended by a signal: File size"},
+        {"trap '' XFSZ; ulimit -f 20; wavepitch wave2f0 $SPEECH --show correlation -o x",
+         "x: cannot be written"},
+        {"head -c 2000000 /dev/zero >z; wavepitch wave2frames z --raw 8000:s8 frameSize=1000000 "
+         "overlap=999999",
+         "the result would have"},
+        {"wavepitch wave2pv z --raw 1:s8", "FS is too low"},
+        {"wavepitch isWaveSilence $SPEECH --columns", "silent has no times"},
+        {"wavepitch pitch2freq 69,", "PITCH must be"},
     };
     fs::create_directory("empty");
     std::ofstream("empty.wav");
@@ -117,12 +184,82 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
     writeSound("fast.wav", {0, 0}, 1, 192001);
     writeSound("eight.wav", std::vector<double>(80), 8, 8000);
     writeSound("nan.wav", {0, std::nan("")}, 1, 8000);
-    for (const auto& [call, message] : cases) {
-        const Result result = bash("wavepitch wave2f0 " + call);
-        EXPECT_EQ(result.status, 1) << call;
-        EXPECT_EQ(result.out, "") << call;
-        EXPECT_EQ(result.err.find('\n') + 1, result.err.size()) << call;
-        EXPECT_NE(result.err.find(message), std::string::npos) << call << ": " << result.err;
+    for (const auto& [line, message] : cases) {
+        const Result result = bash(line);
+        EXPECT_EQ(result.status, 1) << line;
+        EXPECT_EQ(result.out, "") << line;
+        EXPECT_EQ(result.err.find('\n') + 1, result.err.size()) << line;
+        EXPECT_NE(result.err.find(message), std::string::npos) << line << ": " << result.err;
+    }
+    EXPECT_EQ(bash("find . -name '*.part'").out, "");
+}
+
+TEST_F(Shell, InterruptionEndsWhatIsRunning) {
+    EXPECT_EQ(bash("mkfifo pipe; timeout -k 9 -s INT 0.3 wavepitch wave2f0 pipe").status, 124) << "waits";
+}
+
+/// A folder that root, too, cannot write, and one that root cannot read, as any other user finds them.
+TEST_F(Shell, WhatRightsRefuseIsNamedAndTheRestIsDone) {
+    setenv("ANYBODY", geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search" : "", 1);
+    bash("mkdir -p in/closed in/open locked; cp $SPEECH in/open; chmod 000 in/closed; chmod 555 locked");
+    if (bash("$ANYBODY true").status != 0) GTEST_SKIP() << "skipped: root cannot give up its rights";
+    const Result locked = bash("$ANYBODY wavepitch wave2f0 $SPEECH --out-dir locked --pictures");
+    EXPECT_EQ(locked.status, 1);
+    EXPECT_NE(locked.err.find("speech8k.csv: cannot be written: Permission denied\n"), std::string::npos)
+        << locked.err;
+    const Result closed = bash("$ANYBODY wavepitch wave2f0 -r in --out-dir done");
+    bash("chmod 755 in/closed locked"); // to be removed
+    EXPECT_EQ(closed.status, 1);
+    EXPECT_NE(closed.err.find("in/closed: Permission denied\n"), std::string::npos) << closed.err;
+    EXPECT_TRUE(fs::exists("done/in/open/speech8k.csv")) << closed.err;
+}
+
+TEST_F(Shell, NothingStandsOnAFullDiskThatIsNotWhole) {
+    fs::create_directory("disk");
+    const auto onDisk = [](const std::string& line) {
+        return bash("unshare -rm bash -c 'mount -t tmpfs -o size=16k none disk && " + line + "; ls -A disk'");
+    };
+    if (onDisk("echo here").out != "here\n") GTEST_SKIP() << "skipped: no disk can be mounted";
+    for (const char* file : {"--show correlation -o disk/a.csv", "--png disk/a.png"}) {
+        const Result result = onDisk("wavepitch wave2f0 $SPEECH " + std::string(file) + " >/dev/null");
+        EXPECT_NE(result.err.find(": cannot be written: "), std::string::npos) << file << ": " << result.err;
+        EXPECT_EQ(result.out, "") << file;
+    }
+}
+
+TEST_F(Shell, NamesMayHoldAnything) {
+    const std::string names[] = {"a b=c.wav", "q'\".wav", "new\nline.wav", "-f.wav", "-1.wav", "$x`.wav"};
+    fs::create_directory("in");
+    for (const std::string& name : names) fs::copy(WAVEPITCH_EXAMPLES "/speech8k.wav", "in/" + name);
+    bash("find in -type f -print0 | wavepitch wave2f0 -0 - --out-dir listed");
+    bash("wavepitch wave2f0 -r in --out-dir found --pictures");
+    bash("cd in; wavepitch wave2f0 --out-dir ../given/in -- *");
+    const std::string expected = bash("wavepitch wave2f0 $SPEECH").out;
+    for (const std::string& name : names) {
+        for (const char* folder : {"listed/in", "found/in", "given/in"})
+            EXPECT_EQ(contents(fs::path(folder) / fs::path(name).replace_extension(".csv")), expected)
+                << folder << ": " << name;
+        EXPECT_TRUE(fs::exists("found/in" / fs::path(name).replace_extension(".png"))) << name;
+    }
+}
+
+TEST_F(Shell, PictureOfThePitchIsTheSameInEitherUnit) {
+    bash("wavepitch wave2f0 $SPEECH --png a.png; wavepitch wave2f0 $SPEECH unit=semitone --png b.png");
+    EXPECT_EQ(bash("cmp a.png b.png").out, "");
+}
+
+TEST_F(Shell, EachOptionOfAFunctionIsCompleted) {
+    for (const char* function : {"wave2f0", "wave2volume", "absSpectrogram"}) {
+        const std::string call = "wavepitch " + std::string(function) + " $SPEECH ";
+        const Result result = bash("source " WAVEPITCH_COMPLETION "; compopt() { :; }\n"
+                                   "for name in $(" +
+                                   call +
+                                   "x=1 |& sed 's/.*there are//; s/[,\"]//g'); do\n"
+                                   "COMP_WORDS=(" +
+                                   call +
+                                   "${name%?}); COMP_CWORD=3; _wavepitch\n"
+                                   "[[ \" ${COMPREPLY[*]} \" == *\" $name= \"* ]] || echo $name; done");
+        EXPECT_EQ(result.out, "") << function << ": not completed";
     }
 }
 
@@ -145,8 +282,8 @@ protected:
 TEST_F(Corpus, IsTheSameSideBySide) {
     bash("wavepitch wave2f0 -r in --out-dir many -j 8");
     expectSame("many");
-    bash("wavepitch wave2f0 $SPEECH -o alone.csv");
-    EXPECT_EQ(contents("alone.csv"), contents("one/in/10/speech8k.csv"));
+    bash("touch linked.csv; ln -s linked.csv alone.csv; wavepitch wave2f0 $SPEECH -o alone.csv");
+    EXPECT_EQ(contents("linked.csv"), contents("one/in/10/speech8k.csv"));
 }
 
 TEST_F(Corpus, IsWholeOrAbsentWhenInterruptedAndIsResumed) {

@@ -43,10 +43,25 @@ Doubles zeros(int count) {
     return Doubles(static_cast<std::size_t>(count));
 }
 
+template <typename... Values>
+Doubles row(Values... values) {
+    return {static_cast<double>(values)...};
+}
+
+Doubles fields(const PTPARAM& p) {
+    return row(p.fs, p.nbits, p.pfType, p.frameSize, p.overlap, p.pfLen, p.ppcNum, p.minPitch, p.maxPitch,
+               p.pitchRangeMax, p.pitchDiffMax, p.maxMedianPitchDiff, p.dpMethod, p.dpPosDiffOrder,
+               p.dpUseLocalOptim, p.pfWeight, p.indexDiffWeight, p.useVolThreshold, p.useClarityThreshold,
+               p.clarityRatio, p.medianFilterOrder, p.cutLeadingTrailingZero, p.maxAmdfLocalMinCount,
+               p.minAmdfRange, p.halfOfFs, p.halfOfNbits, p.frameRate, p.minIndex, p.maxIndex,
+               p.useClarityWeight);
+}
+
 void pitch() {
     for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
         PTPARAM param{};
         cAudio::ptParamSet(&param, fs, 16, type, nullptr);
+        give(type == PF_ACF ? "ptParam" : "ptParam AMDF", 1, fields(param));
         if (type == PF_AMDF) {
             param.minPitch = 45;
             param.medianFilterOrder = 3;
@@ -72,7 +87,7 @@ void pitch() {
     cAudio::bGetPitch(shorts, pv, pvLen, fs, 16);
     give("wave2pv", 1, Ints(pv, pv + pvLen));
     std::free(pv);
-    give("isWaveSilence", 1, Ints{cAudio::isWaveSilence(shorts, fs, 16, 20000)});
+    give("isWaveSilence", 1, row(cAudio::isWaveSilence(shorts, fs, 16, 20000)));
 }
 
 void voice() {
@@ -120,7 +135,59 @@ void spectra() {
     cAudio::absSpectrogram(unit.data(), waveLen, frameSize, overlap, 1024, 0, magnitude.data());
     give("absSpectrogram", 1, magnitude);
     const int cut = cAudio::uvCut(samples.data(), waveLen, frameSize, overlap);
-    give("uvCut", 1, Ints{cut * (frameSize - overlap) + 1});
+    give("uvCut", 1, row(cut * (frameSize - overlap) + 1));
+}
+
+void waveforms() {
+    Doubles frames;
+    for (auto frame = unit.begin(); unit.end() - frame >= frameSize; frame += frameSize - overlap)
+        frames.insert(frames.end(), frame, frame + frameSize);
+    give("wave2frames", 1, frames);
+    give("waveVolumeCheck", 1, row(cAudio::waveVolumeCheck(samples.data(), waveLen, nullptr)));
+    const Doubles b{1, -0.95};
+    const Doubles a{1, 0.5, 0.2};
+    Doubles changed = unit;
+    cAudio::filter(b.data(), 2, a.data(), 3, changed.data(), waveLen);
+    give("waveFilter", 1, changed);
+    cAudio::waveEcho(unit.data(), waveLen, fs, 0.1, 0.5, changed.data());
+    give("waveEcho", 1, changed);
+    Ints resampled(static_cast<std::size_t>((waveLen - 1L) * 5000 / fs + 1));
+    cAudio::waveResample(samples.data(), waveLen, fs, 5000, resampled.data(), lengthOf(resampled));
+    give("waveResample", 1, resampled);
+}
+
+void sounds() {
+    const Doubles pitch{60, 0, 67};
+    const Doubles duration{0.3, 0.1, 0.25};
+    Doubles wave = zeros(4801);
+    cAudio::pitch2wave(pitch.data(), 3, 4, 8000, wave.data(), 4801);
+    give("pitch2wave", 1, wave);
+    wave = zeros(5200);
+    cAudio::note2wave(pitch.data(), 3, duration.data(), 8000, wave.data(), 5200);
+    give("note2wave", 1, wave);
+    const Doubles notes{60, 0.3, 0, 0.1, 67, 0.25};
+    Doubles pv = zeros(15);
+    cAudio::note2pv(notes.data(), 6, 0.044, pv.data(), 15);
+    give("note2pv", 1, pv);
+    give("pitch2freq", 1, row(cAudio::pitch2freq(70.5F)));
+    give("freq2pitch", 1, row(cAudio::freq2pitch(441.5F)));
+}
+
+void matching() {
+    const Doubles query{1, 3, 2, 5};
+    const Doubles song{7, 8, 9, 9, 8, 8, 11, 11};
+    Doubles distances = zeros(9);
+    Doubles scaled = zeros(8);
+    int best = 0;
+    linearScaling(query.data(), 4, song.data(), 8, 0.8, 1.6, 9, 2, distances.data(), scaled.data(), best);
+    give("linearScaling", 3, distances);
+    double shift = 0;
+    give("lrShiftDist", 1, row(lrShiftDist(query.data(), 4, song.data(), 8, 2, shift, best)));
+    Doubles sets{1, 3, 5, 6, 2, 4, 0, 1, 0, 5, 0, 0};
+    Ints chosen(2);
+    Doubles coverage(2);
+    setCover(sets.data(), 4, 3, 2, chosen.data(), coverage.data());
+    give("setCover", 2, coverage);
 }
 
 } // namespace
@@ -133,4 +200,7 @@ int main(int, char** argv) {
     endPoints();
     features();
     spectra();
+    waveforms();
+    sounds();
+    matching();
 }

@@ -10,6 +10,7 @@
 
 #include <ctime>
 #include <filesystem>
+#include <set>
 #include <sndfile.hh>
 #include <string>
 #include <vector>
@@ -23,9 +24,11 @@ constexpr std::size_t all = std::size_t{1} << 24U;
 /// All voices at 16 kHz.
 std::vector<double> voices() {
     std::vector<double> wave;
-    for (const auto& entry : std::filesystem::directory_iterator(WAVEPITCH_EXAMPLES "/voices")) {
-        if (entry.path().extension() != ".flac") continue;
-        SndfileHandle file(entry.path().string());
+    std::set<std::filesystem::path> files; // in an order that is the same everywhere
+    for (const auto& entry : std::filesystem::directory_iterator(WAVEPITCH_EXAMPLES "/voices"))
+        if (entry.path().extension() == ".flac") files.insert(entry.path());
+    for (const auto& path : files) {
+        SndfileHandle file(path.string());
         const std::size_t before = wave.size();
         wave.resize(before + static_cast<std::size_t>(file.frames()));
         file.readf(wave.data() + before, file.frames());

@@ -3,8 +3,11 @@
 namespace {
 
 TEST(Framing, CountsWholeFramesAndStartedOnes) {
-    const int cases[][5] = {
-        {1000, 256, 128, 6, 8}, {0, 256, 200, -3, 0}, {1000, 256, 256, 0, 0}, {INT_MAX, 1, INT_MIN, 1, 1}};
+    const int cases[][5] = {{1000, 256, 128, 6, 8},
+                            {0, 256, 200, -3, 0},
+                            {1000, 256, 256, 0, 0},
+                            {INT_MAX, 1, INT_MIN, 1, 1},
+                            {INT_MAX, INT_MIN + 1, INT_MIN, INT_MAX, INT_MAX}};
     for (const auto& [waveLen, frameSize, overlap, whole, started] : cases) {
         EXPECT_EQ(cAudio::getFrameNum2(waveLen, frameSize, overlap), whole) << overlap;
         EXPECT_EQ(cAudio::getFrameNum(waveLen, frameSize, overlap), started) << overlap;
@@ -31,9 +34,10 @@ TEST(Framing, BufferHasZerosWhereThereIsNoSample) {
 
 TEST(Framing, FramesLieAroundTheirCentres) {
     EXPECT_EQ(cAudio::frame2sampleIndex(3, 256, 128), 511);
+    EXPECT_EQ(cAudio::frame2sampleIndex(3, 5, 3), 7);
     EXPECT_EQ(cAudio::frame2sampleIndex(INT_MAX, 5, 3), INT_MAX);
     EXPECT_EQ(cAudio::frame2sampleIndex(3, 5, 5), 0);
-    EXPECT_EQ(cAudio::sample2frameIndex(0, 256, 0), 0);
+    EXPECT_EQ(cAudio::sample2frameIndex(0, 256, 200), 0);
     EXPECT_EQ(cAudio::sample2frameIndex(2, 5, 3), 0);
     EXPECT_EQ(cAudio::sample2frameIndex(3, 5, 3), 1);
     EXPECT_EQ(cAudio::sample2frameIndex(33554435, 5, 3), 16777216); // in single precision

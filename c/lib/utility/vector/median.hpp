@@ -29,8 +29,9 @@ T vecMedian(const T* vec, int n);
 template <typename T>
 T vecMedianInPlace(T* scratch, int n);
 
-/// The median of small non-negative integers, from a histogram of them. For an even n: the upper one of the
-/// two in the middle if it occurs more than once (0, 0, 1, 1 gives 1), else their mean, truncated.
+/// The median of small non-negative integers, from a histogram of them. For an even n whose upper middle
+/// value occurs only once: the mean of it and the next smaller value, truncated. If it occurs more often, it
+/// is the result, even where the lower middle value is a smaller one ({0, 1, 0, 1} gives 1).
 ///
 /// @param vec         n values, each from 0 to histVecLen - 1. A value outside is reported by two lines on
 ///                    the host console and counted in the nearest bin.
