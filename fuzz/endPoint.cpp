@@ -22,7 +22,7 @@ struct Frames {
           frameNum(frameSize < 1 ? 0 : std::max(0, cAudio::getFrameNum2(waveLen, frameSize, overlap))) {}
 };
 
-/// Of one value for each whole frame: of other frames that are all within the array.
+/// Each value is that of its frame alone.
 void features(Bytes& bytes) {
     const Exact<int> wave = intSound(bytes, bytes.length(0, 3000));
     const Frames frames(bytes, wave.length());

@@ -168,7 +168,7 @@ void shiftDistance(Bytes& bytes) {
     returns([&] { lrShiftDist(a.data(), bytes.below(2), b.data(), 1, bytes.anyInt(), shift, position); });
 }
 
-/// Several sizes are not those of the longest scale: the scan ends at the reference's length.
+/// The work arrays are as long as the reference, at which the scan ends.
 void scaling(Bytes& bytes) {
     const Exact<double> query = shortVector(bytes);
     const Exact<double> reference = shortVector(bytes);
@@ -224,9 +224,9 @@ void matrix(Bytes& bytes) {
     const int size = bytes.oneOf({-1, 0, 1, 4, 8, 2147483647});
     const bool isFis = bytes.flag();
     void** created = nullptr;
-    constexpr double most = 1 << 24; // bytes, of rows that there is room for
+    constexpr double most = 1 << 25; // bytes that there is room for in one piece
     const double rowSize = std::max(1.0, static_cast<double>(columns) * size);
-    if (rows > 2000 || (rowSize <= most && rows * rowSize > most)) return;
+    if (rows > 2000 || (rowSize <= most && rows * rowSize > most)) return; // there is room, by and by
     returns([&] { created = isFis ? fisCreateMatrix(rows, columns, size) : matCreate(rows, columns, size); });
     if (!created) return;
     for (int r = 0; r < rows; ++r) {
