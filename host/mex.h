@@ -39,10 +39,13 @@ typedef enum {
 } mxClassID;
 // NOLINTEND(modernize-use-using)
 
+#define mxCreateCellMatrix mxCreateCellMatrix_700
 #define mxCreateDoubleMatrix mxCreateDoubleMatrix_700
 #define mxCreateNumericMatrix mxCreateNumericMatrix_700
 #define mxCreateStructMatrix mxCreateStructMatrix_700
+#define mxGetCell mxGetCell_700
 #define mxGetNumberOfDimensions mxGetNumberOfDimensions_700
+#define mxSetCell mxSetCell_700
 
 /// The module's entry point: nlhs output slots, nrhs input arrays. Defined by the module.
 WAVEPITCH_HOST_API void mexFunction(int nlhs, mxArray* plhs[], int nrhs, const mxArray* prhs[]);
@@ -67,6 +70,13 @@ WAVEPITCH_HOST_API mxArray* mxCreateStructMatrix_700(int rows, int columns, int 
 /// Sets a field of element index, from 0; the struct takes over the value.
 WAVEPITCH_HOST_API void mxSetField(mxArray* array, int index, const char* fieldName, mxArray* value);
 
+/// A rows x columns cell array; its cells are to be set.
+WAVEPITCH_HOST_API mxArray* mxCreateCellMatrix_700(int rows, int columns);
+/// Sets the cell of an index from 0, column after column; the cell array takes over the value.
+WAVEPITCH_HOST_API void mxSetCell_700(mxArray* array, int index, mxArray* value);
+/// The array in the cell of an index; null where a host has left it empty. It belongs to the cell array.
+WAVEPITCH_HOST_API mxArray* mxGetCell_700(const mxArray* array, int index);
+
 WAVEPITCH_HOST_API mxClassID mxGetClassID(const mxArray* array);
 WAVEPITCH_HOST_API bool mxIsComplex(const mxArray* array);
 WAVEPITCH_HOST_API bool mxIsSparse(const mxArray* array);
@@ -78,7 +88,7 @@ WAVEPITCH_HOST_API size_t mxGetN(const mxArray* array);
 /// The array's doubles, column after column. The stand-in host reports an error for an array of another
 /// class.
 WAVEPITCH_HOST_API double* mxGetPr(const mxArray* array);
-/// The array's elements in their class, column after column; of a struct, the stand-in host reports an error.
+/// The array's elements in their class, column after column; of a struct or a cell array, the stand-in host reports an error.
 WAVEPITCH_HOST_API void* mxGetData(const mxArray* array);
 /// Copies the text of a row of characters with its terminator; 0 if it is one and fits into size bytes.
 WAVEPITCH_HOST_API int mxGetString(const mxArray* array, char* text, int size);

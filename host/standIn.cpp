@@ -47,6 +47,12 @@ mxArray* created(std::unique_ptr<mxArray> array) {
     return arraysOfCall->back().get();
 }
 
+/// Puts a value that the call has created into an array.
+void takeOver(mxArray& place, mxArray* value) {
+    place = std::move(*value);
+    if (!arraysOfCall) delete value; // within a call, the emptied array goes at its end
+}
+
 /// Bytes of an element; 0 of a class that the stand-in host has no numeric matrix of.
 size_t elementSize(mxClassID classID) {
     switch (classID) {
@@ -75,6 +81,8 @@ const char* nameOf(mxClassID classID) {
         return "char";
     case mxSTRUCT_CLASS:
         return "struct";
+    case mxCELL_CLASS:
+        return "cell";
     default:
         return "integer";
     }
@@ -165,12 +173,27 @@ mxArray* mxCreateStructMatrix_700(int rows, int columns, int fieldCount, const c
     return created(std::move(array));
 }
 
+mxArray* mxCreateCellMatrix_700(int rows, int columns) {
+    if (rows < 0 || columns < 0) mexErrMsgTxt("mxCreateCellMatrix: only of non-negative size");
+    std::unique_ptr<mxArray> array(
+        new mxArray{static_cast<size_t>(rows), static_cast<size_t>(columns), {}, mxCELL_CLASS});
+    array->fields.resize(array->rows * array->columns);
+    return created(std::move(array));
+}
+
+void mxSetCell_700(mxArray* array, int index, mxArray* value) {
+    takeOver(array->fields.at(static_cast<size_t>(index)), value);
+}
+
+mxArray* mxGetCell_700(const mxArray* array, int index) {
+    return const_cast<mxArray*>(&array->fields.at(static_cast<size_t>(index)));
+}
+
 void mxSetField(mxArray* array, int index, const char* fieldName, mxArray* value) {
     const auto& names = array->fieldNames;
     const auto name = std::find(names.begin(), names.end(), fieldName);
     if (index != 0 || name == names.end()) mexErrMsgTxt("mxSetField: no such field");
-    array->fields[static_cast<size_t>(name - names.begin())] = std::move(*value);
-    if (!arraysOfCall) delete value; // within a call, the emptied array goes at its end
+    takeOver(array->fields[static_cast<size_t>(name - names.begin())], value);
 }
 
 mxClassID mxGetClassID(const mxArray* array) {
@@ -204,7 +227,7 @@ double* mxGetPr(const mxArray* array) {
 
 void* mxGetData(const mxArray* array) {
     if (array->classID == mxDOUBLE_CLASS) return mxGetPr(array);
-    if (array->classID == mxSTRUCT_CLASS) refuseClass("mxGetData", array);
+    if (array->classID == mxSTRUCT_CLASS || array->classID == mxCELL_CLASS) refuseClass("mxGetData", array);
     return const_cast<char*>(array->bytes.data());
 }
 

@@ -18,7 +18,7 @@ struct mxArray_tag {
     mxClassID classID = mxDOUBLE_CLASS;
     std::string bytes{};                   // of characters, integers and singles: the elements
     std::vector<std::string> fieldNames{}; // of a struct of 1 x 1
-    std::vector<mxArray_tag> fields{};     // of a struct: a value for each name
+    std::vector<mxArray_tag> fields{};     // of a struct: a value for each name; of a cell array: its cells
 };
 
 namespace standIn {

@@ -209,19 +209,23 @@ std::string Argument::file() const {
     return path;
 }
 
-/// All elements, column after column; the rule is reported where there are none or one is not finite.
-Numbers Argument::finiteElements(const char* rule) const {
+/// All elements, column after column; the rule is reported where there are none or they are not valid.
+Numbers Argument::elements(const char* rule, bool (*areValid)(std::span<const double>)) const {
     const size_t count = rows() * columns();
     if (count == 0 || count > static_cast<size_t>(mostInt)) refuse(rule);
     if (classID() == mxDOUBLE_CLASS) {
         const std::span<const double> hosts(mxGetPr(array), count);
-        if (!allFinite(hosts)) refuse(rule);
+        if (!areValid(hosts)) refuse(rule);
         return Numbers(hosts);
     }
     std::vector<double> values(count);
     withElements(array, [&](const auto* element) { std::copy(element, element + count, values.begin()); });
-    if (!allFinite(values)) refuse(rule);
+    if (!areValid(values)) refuse(rule);
     return Numbers(std::move(values));
+}
+
+Numbers Argument::finiteElements(const char* rule) const {
+    return elements(rule, allFinite);
 }
 
 namespace {
@@ -252,6 +256,36 @@ Numbers Argument::recording() const {
 Numbers Argument::vector() const {
     requireVector();
     return finiteElements(vectorRule);
+}
+
+Numbers Argument::contour() const {
+    requireVector();
+    return elements(
+        "a real vector of numbers, none of them infinite, not empty", [](std::span<const double> values) {
+            return std::none_of(values.begin(), values.end(), [](double x) { return std::isinf(x); });
+        });
+}
+
+std::vector<int> Argument::wholes(int least, int most) const {
+    const Numbers values = vector();
+    const auto isValid = [=](double x) { return x >= least && x <= most && x == std::floor(x); };
+    if (!std::all_of(values.begin(), values.end(), isValid))
+        refuse("a vector of whole numbers from " + textOf(least) + " to " + textOf(most));
+    return {values.begin(), values.end()};
+}
+
+std::vector<Argument> Argument::cells() const {
+    if (classID() != mxCELL_CLASS || mxGetNumberOfDimensions(array) > 2) refuse("a cell array");
+    std::vector<Argument> result;
+    const size_t count = rows() * columns();
+    if (count > static_cast<size_t>(mostInt)) refuse("a cell array of at most 2147483647 cells");
+    for (size_t i = 0; i < count; ++i) {
+        const std::string number = '{' + std::to_string(i + 1) + '}';
+        const mxArray* cell = mxGetCell(array, static_cast<int>(i));
+        if (!cell) refuse("without empty cells; " + name + number + " is one");
+        result.emplace_back(command, name + number, cell);
+    }
+    return result;
 }
 
 Numbers Argument::numbers() const {

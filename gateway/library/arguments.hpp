@@ -75,7 +75,7 @@ public:
     std::string file() const;
     /// Has such a file read; an exception of the library becomes an error of this argument.
     template <typename Read>
-    void readFile(Read read) const {
+    void readFile(Read read, const char* form = "a file of lines FIELD=VALUE with known fields") const {
         const std::string path = file();
         std::string failure;
         try {
@@ -83,13 +83,20 @@ public:
         } catch (const char* message) {
             failure = message;
         }
-        refuse("a file of lines FIELD=VALUE with known fields: " + failure);
+        refuse(form + (": " + failure));
     }
 
     /// A row or column of numbers, at least one.
     Numbers vector() const;
     /// Numbers of any shape, at least one, column after column.
     Numbers numbers() const;
+    /// A row or column of numbers, at least one; not-a-number is one here.
+    Numbers contour() const;
+    /// A row or column of whole numbers, at least one.
+    std::vector<int> wholes(int least, int most) const;
+    bool isText() const { return classID() == mxCHAR_CLASS; }
+    /// The cells of a cell array, each under the name of the array and its number; may be none.
+    std::vector<Argument> cells() const;
     size_t rows() const { return mxGetM(array); }
     size_t columns() const { return mxGetN(array); }
 
@@ -124,6 +131,7 @@ private:
     void requireOneChannel() const;
     void requireSampleClass() const;
     Numbers finiteElements(const char* rule) const;
+    Numbers elements(const char* rule, bool (*areValid)(std::span<const double>)) const;
     template <typename Sample>
     std::vector<Sample> samplesAs(int nbits) const;
     [[noreturn]] void refuseSamples() const;

@@ -85,6 +85,8 @@ void note2pvCommand(Call& call);
 void pitch2freqCommand(Call& call);
 void freq2pitchCommand(Call& call);
 
+void findTuneCommand(Call& call);
+
 void linearScalingCommand(Call& call);
 void lrShiftDistCommand(Call& call);
 void setCoverCommand(Call& call);

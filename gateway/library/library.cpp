@@ -44,6 +44,8 @@ constexpr Command table[] = {
     {"note2pv", 3, 3, 1, "pitch = note2pv (pitch, duration, timeStep)", note2pvCommand},
     {"pitch2freq", 1, 1, 1, "frequency = pitch2freq (pitch)", pitch2freqCommand},
     {"freq2pitch", 1, 1, 1, "pitch = freq2pitch (frequency)", freq2pitchCommand},
+    {"findTune", 2, anyNumber, 3, "[rank, distance, details] = findTune (query, tunes, name, value, ...)",
+     findTuneCommand},
     {"linearScaling", 2, anyNumber, 4,
      "[distance, ratio, distances, shifts] = linearScaling (query, reference, name, value, ...)",
      linearScalingCommand},

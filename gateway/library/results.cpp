@@ -50,6 +50,12 @@ mxArray* scalar(double value) {
     return array;
 }
 
+mxArray* cellRow(const std::vector<mxArray*>& cells) {
+    mxArray* array = mxCreateCellMatrix(1, static_cast<int>(cells.size()));
+    for (size_t i = 0; i < cells.size(); ++i) mxSetCell(array, static_cast<int>(i), cells[i]);
+    return array;
+}
+
 mxArray* vectorLike(const Argument& shape, size_t count) {
     const bool isRow = shape.rows() == 1;
     const auto length = static_cast<int>(count);

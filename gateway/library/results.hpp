@@ -25,6 +25,9 @@ mxArray* row(const std::vector<T>& values, double shift = 0) {
 
 mxArray* scalar(double value);
 
+/// A 1 x n cell array of arrays, which it takes over.
+mxArray* cellRow(const std::vector<mxArray*>& cells);
+
 /// A vector of count zeros, a row or a column as an input is.
 mxArray* vectorLike(const Argument& shape, size_t count);
 

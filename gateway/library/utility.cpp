@@ -1,6 +1,7 @@
 // Matching of sequences, and set cover.
 
 #include "results.hpp"
+#include "scales.hpp"
 
 #include "utility/scaling/linearScaling.hpp"
 #include "utility/scaling/shiftDistance.hpp"
@@ -13,24 +14,8 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-struct Scales {
-    double lowerRatio;
-    double upperRatio;
-    int resolution;
-    int distanceType;
-};
-
-Scales readScales(const Call& call, const Options& options) {
-    constexpr double mostRatio = 1000;
-    constexpr int mostScales = 1000000;
-    const Scales scales{
-        options.number("lowerRatio", 0.5, 0, mostRatio), options.number("upperRatio", 2, 0, mostRatio),
-        options.whole("resolution", 51, 1, mostScales), options.whole("distanceType", 1, 1, 2)};
-    if (!(scales.lowerRatio > 0)) options["lowerRatio"].refuse("above 0");
-    if (scales.upperRatio < scales.lowerRatio) call.refuse("UPPERRATIO must be at least LOWERRATIO");
-    return scales;
-}
+constexpr int usualScales = 51;
+constexpr int mostScales = 1000000;
 
 } // namespace
 
@@ -39,7 +24,7 @@ void linearScalingCommand(Call& call) {
     const Numbers reference = call.input(1, "REFERENCE").vector();
     const Options options =
         call.options(2, {"lowerRatio", "upperRatio", "resolution", "distanceType", "shift"});
-    const auto [lower, upper, resolution, type] = readScales(call, options);
+    const auto [lower, upper, resolution, type] = readScales(call, options, usualScales, mostScales);
     const int queryLen = query.length();
     const int referenceLen = reference.length();
     const auto count = static_cast<size_t>(resolution);

@@ -18,4 +18,6 @@ function varargout = freq2pitch (varargin)
   [varargout{:}] = wavepitchLibrary ("freq2pitch", varargin{:});
 end
 
-%!assert (freq2pitch ([440 880; 220 0]), [69 81; 57 0], 1e-5)
+%!test
+%! freq2pitch ([440 880; 220 0]);
+%! assert (ans, [69 81; 57 0], 1e-5);

@@ -36,7 +36,7 @@ referred = calls(! cellfun (@isempty, {calls.reference}));
 assert (strcat (unique ({referred.command}), ".m"), {dir(fullfile (package, "*.m")).name});
 confirm_recursive_rmdir (false);
 for recording = {dir(fullfile (examples, "*.wav")).name}
-  directory = tempname ();
+  directory = [tempname() "-" recording{1}];
   mkdir (directory);
   assert (system (sprintf ("'%s' %s '%s' >'%s/console'", reference, recording{1}, directory, directory)), 0);
   named = formsOf (fullfile (examples, recording{1}));

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "audio/cAudio.hpp"
+#include "audio/melody/contour.hpp"
 #include "audio/pitchFunction/pitchFunction.hpp"
 #include "audio/pitchTracking/clarity.hpp"
 #include "audio/pitchTracking/medianFilter.hpp"

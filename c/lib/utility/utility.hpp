@@ -11,6 +11,7 @@
 #include "utility/file/numbers.hpp"
 #include "utility/matrix/matrix.hpp"
 #include "utility/rounding.hpp"
+#include "utility/scaling/findTune.hpp"
 #include "utility/scaling/linearScaling.hpp"
 #include "utility/scaling/shiftDistance.hpp"
 #include "utility/setCover/setCover.hpp"

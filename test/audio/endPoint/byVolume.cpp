@@ -65,6 +65,7 @@ TEST(EpdByVol, OneFrameMoreOrLessAtEveryThreshold) {
          100},
         {"the third does", {{0, 99, 100}, {50, 52, 0}, {10, 19, a}, {30, 39, 150}}, "10-19 30-39", 100},
         {"nor does the loudest of 48", {{10, 19, a}, {30, 30, 20000}}, "10-19", 48},
+        {"the quietest of ten", {{0, 9, 100}, {3, 8, a}}, "3-8", 10},
         {"that of 47 does", {{10, 19, a}, {30, 30, 20000}}, "", 47},
     };
     for (const auto& [what, bursts, ends, frameNum] : cases) {

@@ -35,14 +35,15 @@ TEST(Ashod, SaturatesAndRefusesOtherOrders) {
     const auto endWithOrder = [&](int order) { cAudio::wave2ashod(wide, 3, 3, 0, nullptr, order); };
     EXPECT_EXIT(endWithOrder(0), testing::ExitedWithCode(1), "");
     EXPECT_EXIT(endWithOrder(6), testing::ExitedWithCode(1), "");
+    cAudio::wave2ashod(wide, 2, 3, 0, nullptr, 6); // no frame, no order
 }
 
 TEST(LocalAverage, EachTermIsRoundedByItself) {
-    Ints two{2, 1};
+    Ints three{4, 8, 4};
     Ints five{2, 1, -2, 3, -5};
     Ints large{INT_MAX, INT_MAX, INT_MAX, 0};
-    for (Ints* x : {&two, &five, &large}) cAudio::localAverage(x->data(), lengthOf(*x));
-    EXPECT_EQ(text(two), "2 1");
+    for (Ints* x : {&three, &five, &large}) cAudio::localAverage(x->data(), lengthOf(*x));
+    EXPECT_EQ(text(three), "4 6 4");
     EXPECT_EQ(text(five), "2 1 0 0 -5");
     EXPECT_EQ(text(large), "2147483647 2147483647 1610612736 0");
 }

@@ -26,8 +26,9 @@ TYPED_TEST(PitchFunction, OfOneFrameEqualsThePlainLoops) {
             if (removeMean != 0) plainRemoveMean(plain.data(), 50);
             plainSums(plain.data(), 50, 60, PF_ACF, method, expected.data());
             frame2acf(frame.data(), 50, pf.data(), 60, method, removeMean);
-            EXPECT_TRUE(std::equal(pf.begin(), pf.end(), expected.begin(), isSame)) << method << removeMean;
-            EXPECT_EQ(frame, plain) << method << removeMean;
+            EXPECT_TRUE(std::equal(pf.begin(), pf.end(), expected.begin(), isSame))
+                << method << ", mean " << removeMean;
+            EXPECT_EQ(frame, plain) << method << ", mean " << removeMean;
         }
     for (const int frameSize : {0, INT_MIN}) {
         pf.assign(60, 1.0);

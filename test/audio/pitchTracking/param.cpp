@@ -34,6 +34,7 @@ TEST(PitchParam, DefaultsFollowRateAndType) {
                         "dpMethod=1 dpPosDiffOrder=2 dpUseLocalOptim=0 pfWeight=1 indexDiffWeight=6 "},
                        {8000, PF_ACF, 31, "frameSize=256 overlap=0 pfLen=128 ",
                         "dpMethod=2 dpPosDiffOrder=1 dpUseLocalOptim=1 pfWeight=4 indexDiffWeight=388 "},
+                       {11025, PF_AMDF, 31, "frameSize=354 overlap=0 pfLen=177 ", "dpMethod=1 "},
                        {INT_MAX, PF_AMDF, 31, "frameSize=68719480 overlap=0 pfLen=34359740 ",
                         "dpMethod=1 dpPosDiffOrder=1 dpUseLocalOptim=1 pfWeight=1 indexDiffWeight=1 "}};
     for (const auto& [fs, pfType, frameRate, layout, path] : cases) {

@@ -33,15 +33,15 @@ TEST(Candidates, AreStrictExtremaOrAllLagsInThePitchRange) {
 }
 
 TEST(Clarity, ComparesTheExtremumWithItsFunction) {
-    const Doubles peak{100, 80, 60, 70, 90, 50};
+    const Doubles peak{100, 80, 80, 60, 70, 75};
     struct {
         PF_TYPE pfType;
         Doubles pf;
         int minIndex, maxIndex;
         double clarity, pitch;
     } const cases[] = {
-        {PF_ACF, peak, INT_MIN, INT_MAX, 0.9, 95.2131},
-        {PF_ACF, peak, 1, 3, 0.7, 100.1935},
+        {PF_ACF, peak, INT_MIN, INT_MAX, 0.75, 91.35},
+        {PF_ACF, peak, 1, 4, 0.7, 95.2131},
         {PF_ACF, peak, 4, 3, 0, 0},                    // no lag to search
         {PF_ACF, {50, 40, 60, 60}, 1, 3, 0, 107.2131}, // above lag 0; of equals the first
         {PF_ACF, {50, 40, -9, -8}, 1, 3, 0, 100.1935}, // below 0

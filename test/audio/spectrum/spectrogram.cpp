@@ -31,7 +31,7 @@ TEST(Spectrogram, HasTheMagnitudesOfEachFrame) {
         Doubles out(size_t(binNum * cAudio::getFrameNum2(1000, frameSize, overlap)));
         const ConsoleCapture console;
         cAudio::absSpectrogram(wave.data(), 1000, frameSize, overlap, paddedSize, useHamming, out.data());
-        EXPECT_EQ(console.text().empty(), paddedSize != 300);
+        EXPECT_EQ(console.text().empty(), paddedSize != 300) << paddedSize;
         for (int i = 0; i < lengthOf(out); ++i) {
             const double* frame = wave.data() + i / binNum * (frameSize - overlap);
             const Doubles expected = magnitudes<double>(frame, frameSize, paddedSize, useHamming);

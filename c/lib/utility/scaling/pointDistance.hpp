@@ -27,4 +27,14 @@ inline double bestOffset(double* difference, int n, int distanceType) {
     return sum / n;
 }
 
+/// The summed distance of a sequence, less an offset, from another one. It only ever grows: once it has
+/// reached the limit the rest is of no interest.
+inline double shiftedDistance(const double* sequence, const double* other, int n, double offset,
+                              int distanceType, double limit) {
+    double sum = 0.0;
+    for (int k = 0; k < n && !(sum >= limit); ++k)
+        sum += pointDistance((sequence[k] - offset) - other[k], distanceType);
+    return sum;
+}
+
 } // namespace wavepitch::utility

@@ -11,16 +11,6 @@ namespace {
 
 using namespace wavepitch::utility;
 
-/// The distance of the shorter sequence, less the offset, from n values of the longer one. It only ever
-/// grows: once it has reached the best distance so far the rest is of no interest.
-double shiftedDistance(const double* shorter, const double* longer, int n, double offset, int distanceType,
-                       double best) {
-    double sum = 0.0;
-    for (int k = 0; k < n && !(sum >= best); ++k)
-        sum += pointDistance((shorter[k] - offset) - longer[k], distanceType);
-    return sum;
-}
-
 } // namespace
 
 double lrShiftDist(const double* vec1, int len1, const double* vec2, int len2, int distanceType,

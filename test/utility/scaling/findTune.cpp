@@ -1,0 +1,102 @@
+#include "support/audio.hpp"
+#include "support/utilityTest.hpp"
+
+namespace {
+
+using Matches = std::vector<TUNEMATCH>;
+
+/// Compares the query with every place of every tune.
+Matches plainMatches(const Doubles& query, const std::vector<TUNE>& tunes, const TUNESEARCH& search) {
+    const auto scaleNum = static_cast<size_t>(search.resolution);
+    Doubles distance(scaleNum), shift(scaleNum), scaled(99), difference(99);
+    Matches matches;
+    for (int i = 0; i < lengthOf(tunes); ++i) {
+        const TUNE& tune = tunes[static_cast<size_t>(i)];
+        TUNEMATCH best{i, noMatchDistance, -1, 0, 0, 0};
+        for (int k = 0; k < (tune.start ? tune.startNum : tune.pitchLen); ++k) {
+            const int position = tune.start ? tune.start[k] : k;
+            if (position < 0 || position >= tune.pitchLen) continue;
+            int scale = 0;
+            const double here = linearScaling(
+                query.data(), lengthOf(query), tune.pitch + position, tune.pitchLen - position,
+                search.lowerRatio, search.upperRatio, search.resolution, search.distanceType, distance.data(),
+                shift.data(), scaled.data(), difference.data(), scale, HUGE_VAL);
+            if (here >= best.distance) continue;
+            const double ratio = wavepitch::utility::scaleRatio(search.lowerRatio, search.upperRatio,
+                                                                search.resolution, scale);
+            best = {i, here, position, scale, ratio, shift[static_cast<size_t>(scale)]};
+        }
+        if (best.position >= 0) matches.push_back(best);
+    }
+    std::stable_sort(matches.begin(), matches.end(),
+                     [](const TUNEMATCH& a, const TUNEMATCH& b) { return a.distance < b.distance; });
+    return matches;
+}
+
+std::string text(const Matches& matches) {
+    std::ostringstream lines;
+    lines << std::hexfloat;
+    for (const TUNEMATCH& m : matches)
+        lines << m.tune << " at " << m.position << " scale " << m.scale << ": " << m.distance << ' '
+              << m.ratio << ' ' << m.shift << '\n';
+    return lines.str();
+}
+
+Matches found(const Doubles& query, const std::vector<TUNE>& tunes, const TUNESEARCH& search, int most) {
+    Matches matches(static_cast<size_t>(most));
+    const int count =
+        findTune(query.data(), lengthOf(query), tunes.data(), lengthOf(tunes), search, matches.data(), most);
+    matches.resize(static_cast<size_t>(count));
+    return matches;
+}
+
+/// A walk in few whole steps: many distances are equal.
+Doubles melody(std::mt19937& random, size_t length) {
+    Doubles pitch;
+    double value = 60;
+    for (size_t i = 0; i < length; ++i) {
+        if (random() % 4 == 0) value += static_cast<double>(random() % 5) - 2;
+        pitch.push_back(value);
+    }
+    return pitch;
+}
+
+TEST(FindTune, IsThePlainLoopOverEveryPlace) {
+    std::mt19937 random(1); // NOLINT(cert-msc51-cpp)
+    for (int round = 0; round < 60; ++round) {
+        std::vector<Doubles> pitches;
+        for (int i = 0; i < 12; ++i) pitches.push_back(melody(random, random() % 80));
+        pitches.push_back(pitches[3]);
+        const Doubles query = melody(random, 2 + random() % 40);
+        const int starts[] = {0, 30, 7, -1, 7, 200};
+        for (const int* start : {starts, static_cast<const int*>(nullptr)})
+            for (const int type : {1, 2})
+                withEveryKernel([&](const char* kernel) {
+                    SCOPED_TRACE(::testing::Message() << "round " << round << ", type " << type << ", "
+                                                      << (start ? "starts" : "anywhere") << ", " << kernel);
+                    std::vector<TUNE> tunes;
+                    for (const Doubles& pitch : pitches)
+                        tunes.push_back({pitch.data(), lengthOf(pitch), start, 6});
+                    const TUNESEARCH search{0.5, 1.7, 9, type};
+                    Matches plain = plainMatches(query, tunes, search);
+                    EXPECT_EQ(text(found(query, tunes, search, 99)), text(plain));
+                    plain.resize(std::min<size_t>(plain.size(), 3));
+                    EXPECT_EQ(text(found(query, tunes, search, 3)), text(plain));
+                });
+    }
+}
+
+TEST(FindTune, WithoutRoomOrPitchFindsNothing) {
+    const Doubles pitch(20, 60);
+    const std::vector<TUNE> tunes = {{pitch.data(), 20, nullptr, 0}};
+    EXPECT_EQ(found({}, tunes, {}, 1).size(), 0U);
+    EXPECT_EQ(found(pitch, {}, {}, 1).size(), 0U);
+    EXPECT_EQ(found(pitch, tunes, {}, 0).size(), 0U);
+    EXPECT_EQ(found(pitch, tunes, {1.1, 2, 3, 1}, 1).size(), 0U);
+    EXPECT_EQ(fatalMessage([&] {
+                  found(pitch, tunes, {0.5, 2, 3, 0}, 1);
+              }),
+              "Unknown distance type" + inUtility);
+}
+
+} // namespace
