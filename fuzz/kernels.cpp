@@ -10,6 +10,7 @@
 #include "support/plainVoice.hpp"
 #include "support/target.hpp"
 #include "support/versions.hpp"
+#include "utility/scaling/plain.hpp"
 #include "utility/vector/median.hpp"
 
 #include <numeric>
@@ -257,6 +258,48 @@ void filter(Bytes& bytes) {
     });
 }
 
+/// A melody without gaps; its steps are often the same.
+Exact<double> melody(Bytes& bytes, int length) {
+    Exact<double> pitch(length);
+    for (double& x : pitch) x = bytes.flag() ? bytes.from(55, 67) : bytes.from(500, 700) / 10.0;
+    return pitch;
+}
+
+void tunes(Bytes& bytes) {
+    const Exact<double> query = melody(bytes, bytes.length(1, 60));
+    TUNESEARCH search;
+    search.lowerRatio = bytes.from(3, 10) / 10.0;
+    search.upperRatio = search.lowerRatio + bytes.below(16) / 10.0;
+    search.resolution = bytes.from(1, 12);
+    search.distanceType = bytes.from(1, 2);
+    std::vector<Exact<double>> pitches;
+    std::vector<Exact<int>> starts;
+    std::vector<TUNE> all;
+    for (int i = bytes.from(1, 4); i > 0; --i) {
+        pitches.push_back(melody(bytes, bytes.length(0, 99)));
+        starts.push_back(Exact<int>(bytes.below(6)));
+        for (int& start : starts.back()) start = bytes.from(-2, 101);
+        const bool isAnywhere = bytes.flag();
+        all.push_back({pitches.back().data(), pitches.back().length(),
+                       isAnywhere ? nullptr : starts.back().data(), starts.back().length()});
+    }
+    Matches expected = plainMatches(query.copy(), all, search);
+    expected.resize(std::min(expected.size(), size_t(bytes.from(1, 5))));
+    withEveryVersion([&](const std::string& version) {
+        Exact<TUNEMATCH> found(lengthOf(expected));
+        const int count = findTune(query.data(), query.length(), all.data(), lengthOf(all), search,
+                                   found.data(), found.length());
+        requireSame(count, lengthOf(expected), "matches, " + version);
+        for (int i = 0; i < count; ++i) {
+            requireSame(found[i].tune, expected[size_t(i)].tune, "the tune, " + version);
+            requireSame(found[i].distance, expected[size_t(i)].distance, "its distance, " + version);
+            requireSame(found[i].position, expected[size_t(i)].position, "its position, " + version);
+            requireSame(found[i].scale, expected[size_t(i)].scale, "its scale, " + version);
+            requireSame(found[i].shift, expected[size_t(i)].shift, "its shift, " + version);
+        }
+    });
+}
+
 voice::Powers powers(Bytes& bytes) {
     const Exact<float> values = floats(bytes, 2 * static_cast<int>(voice::harmonicLanes + 1));
     voice::Powers result;
@@ -305,6 +348,7 @@ void fuzz(Bytes& bytes) {
                                          intMedian,
                                          correlation,
                                          filter,
-                                         harmonics};
+                                         harmonics,
+                                         tunes};
     calls[bytes.below(static_cast<int>(std::size(calls)))](bytes);
 }

@@ -217,6 +217,27 @@ void parameterFiles(Bytes& bytes) {
     cAudio::volCheckPrmPrint(&check);
 }
 
+void melodies(Bytes& bytes) {
+    std::string text = "name\torigin\tkey\ttempo\tnotes\n";
+    for (int i = bytes.below(4); i > 0; --i) {
+        text += "tune\t\t\t" + bytes.oneOf<std::string>({"120", "60.5", "0", "-1", "x"}) + "\t";
+        for (int k = bytes.below(9); k > 0; --k)
+            text +=
+                bytes.oneOf({"A4:1 ", "C#3:0.5 ", "| ", "r:2 ", "Bb-1:1e9 ", "G", ":", "9:9 ", "E4:nan "});
+        text += bytes.below(4) == 0 ? content(bytes) : "\n";
+    }
+    const std::string path = written("melodies", text);
+    returns([&] {
+        for (const MELODY& melody : melodyRead(path.c_str())) {
+            require(melody.pitch.size() == melody.duration.size(), "a duration for each note");
+            if (frameNumOf(melody, 100) > 1e6) continue;
+            const CONTOUR contour = note2contour(melody, 100);
+            for (const int start : contour.start)
+                require(start >= 0 && start < static_cast<int>(contour.pitch.size()), "a phrase inside");
+        }
+    });
+}
+
 void missing(Bytes& bytes) {
     const std::string path = folder().file("no/file");
     List list;
@@ -233,8 +254,8 @@ void missing(Bytes& bytes) {
 } // namespace
 
 void fuzz(Bytes& bytes) {
-    constexpr void (*calls[])(Bytes&) = {characters,     whole,           tokens,         lists,
-                                         lattice,        bytesOfFile,     lines,          numbers<int>,
-                                         numbers<float>, numbers<double>, parameterFiles, missing};
+    constexpr void (*calls[])(Bytes&) = {
+        characters,   whole,          tokens,          lists,          lattice,  bytesOfFile, lines,
+        numbers<int>, numbers<float>, numbers<double>, parameterFiles, melodies, missing};
     calls[bytes.below(static_cast<int>(std::size(calls)))](bytes);
 }
