@@ -88,7 +88,8 @@ WAVEPITCH_HOST_API size_t mxGetN(const mxArray* array);
 /// The array's doubles, column after column. The stand-in host reports an error for an array of another
 /// class.
 WAVEPITCH_HOST_API double* mxGetPr(const mxArray* array);
-/// The array's elements in their class, column after column; of a struct or a cell array, the stand-in host reports an error.
+/// The array's elements in their class, column after column; of a struct or a cell array, the stand-in host
+/// reports an error.
 WAVEPITCH_HOST_API void* mxGetData(const mxArray* array);
 /// Copies the text of a row of characters with its terminator; 0 if it is one and fits into size bytes.
 WAVEPITCH_HOST_API int mxGetString(const mxArray* array, char* text, int size);

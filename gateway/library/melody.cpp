@@ -99,8 +99,8 @@ std::vector<TUNE> tunesOf(const Collection& collection, bool anywhere) {
 /// A row with a number for each match.
 template <typename Number>
 mxArray* rowOf(const std::vector<TUNEMATCH>& matches, Number number) {
-    std::vector<double> values;
-    for (const TUNEMATCH& match : matches) values.push_back(number(match));
+    std::vector<double> values(matches.size());
+    std::transform(matches.begin(), matches.end(), values.begin(), number);
     return row(values);
 }
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -40,6 +41,34 @@ bool readRow(const std::string& line, std::vector<double>& values) {
     throw std::runtime_error(path + ", line " + std::to_string(number) + ": " + rule);
 }
 
+/// The rows below the first lines of a file.
+mxArray readRows(std::istream& file, const std::string& path, size_t linesBefore) {
+    std::vector<double> values;
+    std::string line;
+    size_t rows = 0;
+    size_t columns = 0;
+    for (size_t number = linesBefore + 1; std::getline(file, line); ++number) {
+        const size_t before = values.size();
+        if (!readRow(line, values))
+            refuseLine(path, number, "numbers between commas, semicolons or blanks wanted");
+        const size_t count = values.size() - before;
+        if (count == 0) continue;
+        if (rows > 0 && count != columns)
+            refuseLine(path, number,
+                       std::to_string(count) + " numbers, the lines above have " + std::to_string(columns));
+        columns = count;
+        ++rows;
+    }
+    if (file.bad()) throw std::runtime_error(path + ": cannot be read");
+    return fromRows(values, rows, columns);
+}
+
+std::ifstream opened(const std::string& path) {
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error(path + ": cannot be opened");
+    return file;
+}
+
 bool isWord(const std::string& text) {
     return std::isalpha(static_cast<unsigned char>(text.front())) != 0 &&
            std::all_of(text.begin(), text.end(),
@@ -65,26 +94,26 @@ mxArray fromRows(const std::vector<double>& values, size_t rows, size_t columns)
 }
 
 mxArray readTable(const std::string& path) {
-    std::ifstream file(path);
-    if (!file) throw std::runtime_error(path + ": cannot be opened");
-    std::vector<double> values;
+    std::ifstream file = opened(path);
+    return readRows(file, path, 0);
+}
+
+mxArray readColumn(const std::string& path, const std::string& name) {
+    std::ifstream file = opened(path);
     std::string line;
-    size_t rows = 0;
-    size_t columns = 0;
-    for (size_t number = 1; std::getline(file, line); ++number) {
-        const size_t before = values.size();
-        if (!readRow(line, values))
-            refuseLine(path, number, "numbers between commas, semicolons or blanks wanted");
-        const size_t count = values.size() - before;
-        if (count == 0) continue;
-        if (rows > 0 && count != columns)
-            refuseLine(path, number,
-                       std::to_string(count) + " numbers, the lines above have " + std::to_string(columns));
-        columns = count;
-        ++rows;
-    }
-    if (file.bad()) throw std::runtime_error(path + ": cannot be read");
-    return fromRows(values, rows, columns);
+    std::getline(file, line);
+    std::replace(line.begin(), line.end(), '\t', ',');
+    std::istringstream names(line);
+    std::vector<std::string> columns;
+    for (std::string column; std::getline(names, column, ',');) columns.push_back(column);
+    const auto found = std::find(columns.begin(), columns.end(), name);
+    if (found == columns.end())
+        throw std::runtime_error(path + ": no column is named \"" + name + "\"; its first line is " + line);
+    const mxArray table = readRows(file, path, 1);
+    const auto column = static_cast<size_t>(found - columns.begin());
+    if (table.rows > 0 && column >= table.columns) refuseLine(path, 2, "fewer numbers than names");
+    const auto first = table.data.begin() + static_cast<std::ptrdiff_t>(column * table.rows);
+    return {table.rows, 1, {first, first + static_cast<std::ptrdiff_t>(table.rows)}};
 }
 
 bool isNumber(const std::string& text) {

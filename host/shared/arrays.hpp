@@ -24,6 +24,10 @@ mxArray characters(const std::string& text);
 /// lines are skipped. What is none is a std::runtime_error with the line.
 mxArray readTable(const std::string& path);
 
+/// A column of such a file below a first line of names, which stand between commas or tabs. A name that is
+/// not there is a std::runtime_error, too.
+mxArray readColumn(const std::string& path, const std::string& name);
+
 /// The array that an argument stands for:
 ///   a number                    a scalar;
 ///   'text' in single quotes     a row of characters;

@@ -56,7 +56,7 @@ std::string listing(const mxArray& array) {
 } // namespace
 
 bool holdsNumbers(const mxArray& array) {
-    return array.classID != mxCHAR_CLASS && array.classID != mxSTRUCT_CLASS;
+    return array.classID != mxCHAR_CLASS && array.classID != mxSTRUCT_CLASS && array.classID != mxCELL_CLASS;
 }
 
 mxArray withDoubles(mxArray array) {
@@ -68,6 +68,8 @@ mxArray withDoubles(mxArray array) {
 std::string summary(const mxArray& array) {
     if (array.classID == mxCHAR_CLASS) return '"' + array.bytes + '"';
     if (array.classID == mxSTRUCT_CLASS) return listing(array);
+    if (array.classID == mxCELL_CLASS)
+        return std::to_string(array.rows) + " x " + std::to_string(array.columns) + " cell array";
     double least = std::numeric_limits<double>::infinity();
     double greatest = -least;
     double sum = 0;

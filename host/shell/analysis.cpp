@@ -74,7 +74,7 @@ Analysis analyse(const Request& request, const std::string& path) {
     result.table = tableOf(function, request.output, result.outputs, result.rate);
     if (framesHaveNoTimes(function))
         result.table.insert(result.table.begin(),
-                            {"time", timesOfFrames(request, result.wave, result.rate), ""});
+                            {"time", timesOfFrames(request, result.wave, result.rate), {}});
     return result;
 }
 

@@ -16,6 +16,7 @@ enum class Form {
     axis,     // of a matrix's rows
     list,     // values of another number than the curves have
     record,   // a struct
+    details,  // a struct with a list in each field, a value for each of a curve's
     sound     // samples
 };
 

@@ -101,6 +101,13 @@ void requirePlaces(const Options& options, size_t recordings) {
         throw std::runtime_error("--wav wants -o or --out-dir");
 }
 
+/// The first input that is not given; "" where all are.
+std::string nextInput(const Function& function, const Parameters& given) {
+    const auto isMissing = [&](const std::string& input) { return !find(given, input); };
+    const auto missing = std::find_if(function.inputs.begin(), function.inputs.end(), isMissing);
+    return missing == function.inputs.end() ? "" : *missing;
+}
+
 } // namespace
 
 void declare(CLI::App& app, Options& options) {
@@ -146,8 +153,8 @@ Request requestOf(const Function& function, Options& options) {
             request.parameters.push_back(parameter(word));
         else if (function.takesRecording())
             recordings.push_back(word);
-        else if (const size_t position = request.parameters.size(); position < function.inputs.size())
-            request.parameters.push_back(parameter(function.inputs[position] + '=' + word));
+        else if (const std::string input = nextInput(function, request.parameters); !input.empty())
+            request.parameters.push_back(parameter(input + '=' + word));
         else
             throw std::runtime_error(function.name + ": \"" + word + "\" is one input too many");
     }

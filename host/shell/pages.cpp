@@ -49,7 +49,9 @@ the times in the first column. The sample rate comes from the recording. What a 
 with the names of its inputs and options in any case; a value is a number, numbers between commas, true or false,
 a word, or
 .I @FILE
-for a table of numbers. A recording whose own name has this form is written with its folder (./a=b.wav). Functions
+for a table of numbers, or
+.I @FILE:NAME
+for a column of one with a line of names, as the command writes them. A recording whose own name has this form is written with its folder (./a=b.wav). Functions
 that take no recording take their inputs in order.
 .PP
 Several recordings are analysed side by side, each in a process of its own; their order and number change no

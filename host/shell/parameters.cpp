@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
@@ -32,8 +33,15 @@ bool readList(const std::string& text, std::vector<double>& values) {
     return !values.empty() && text.back() != ',';
 }
 
+/// The table in a file, or FILE:NAME, a column of it.
+mxArray tableIn(const std::string& place) {
+    const size_t colon = place.rfind(':');
+    if (colon == std::string::npos || std::filesystem::exists(place)) return readTable(place);
+    return readColumn(place.substr(0, colon), place.substr(colon + 1));
+}
+
 mxArray arrayOf(const std::string& value) {
-    if (value.starts_with('@')) return readTable(value.substr(1));
+    if (value.starts_with('@')) return tableIn(value.substr(1));
     if (value == "true") return scalar(1);
     if (value == "false") return scalar(0);
     std::vector<double> values;

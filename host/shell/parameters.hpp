@@ -17,8 +17,8 @@ using Parameters = std::vector<std::pair<std::string, mxArray>>;
 bool isParameter(const std::string& word);
 
 /// The name and the array that the value stands for: a number; numbers between commas, as a row; true and
-/// false, as 1 and 0; @FILE, the table in a file; else characters. An unreadable table is a
-/// std::runtime_error.
+/// false, as 1 and 0; @FILE, the table in a file; @FILE:NAME, a column of a table with a line of names; else
+/// characters. An unreadable table is a std::runtime_error.
 std::pair<std::string, mxArray> parameter(const std::string& word);
 
 /// The value of a parameter by its name in any case, the last of several; null if there is none.

@@ -14,7 +14,7 @@ bool areShownTogether(Form form) {
 }
 
 Table segmentTable(const mxArray& segments, double rate) {
-    Table table = {{"start", {}, ""}, {"end", {}, ""}, {"firstSample", {}, ""}, {"lastSample", {}, ""}};
+    Table table = {{"start", {}, {}}, {"end", {}, {}}, {"firstSample", {}, {}}, {"lastSample", {}, {}}};
     for (size_t i = 0; i < segments.rows; ++i) {
         const double first = segments.data[i];
         const double last = segments.data[segments.rows + i];
@@ -33,17 +33,33 @@ void addMatrix(Table& table, const Function& function, const Output& output, con
         Column column{axis < 0 ? output.across + std::to_string(row)
                                : shortest(outputs[static_cast<size_t>(axis)]->data[row]),
                       {},
-                      ""};
+                      {}};
         for (size_t frame = 0; frame < matrix.columns; ++frame)
             column.values.push_back(matrix.data[frame * matrix.rows + row]);
         table.push_back(std::move(column));
     }
 }
 
-void addFields(Table& table, const mxArray& record) {
-    for (size_t i = 0; i < record.fields.size(); ++i)
-        table.push_back({record.fieldNames[i], record.fields[i].data, record.fields[i].bytes,
-                         record.fields[i].data.size() == 1});
+bool isText(const mxArray& array) {
+    return array.classID == mxCHAR_CLASS;
+}
+
+/// Numbers, a text, or a cell array of texts.
+Column columnOf(const std::string& name, const mxArray& array, bool isSingle) {
+    Column column{name, array.data, {}, isSingle};
+    if (isText(array)) column.texts = {array.bytes};
+    for (const mxArray& text : array.fields) column.texts.push_back(text.bytes);
+    return column;
+}
+
+/// The fields of a struct; cell arrays of anything but texts have no place in a table.
+void addFields(Table& table, const mxArray& record, bool areSingle) {
+    for (size_t i = 0; i < record.fields.size(); ++i) {
+        const mxArray& field = record.fields[i];
+        if (!std::all_of(field.fields.begin(), field.fields.end(), isText)) continue;
+        table.push_back(
+            columnOf(record.fieldNames[i], field, areSingle && (field.data.size() == 1 || isText(field))));
+    }
 }
 
 /// A text as one cell: between quotes where it holds what separates cells.
@@ -56,12 +72,12 @@ std::string quoted(const std::string& text) {
 
 size_t rowsOf(const Table& table) {
     size_t rows = 0;
-    for (const Column& column : table) rows = std::max(rows, column.text.empty() ? column.values.size() : 1);
+    for (const Column& column : table) rows = std::max({rows, column.values.size(), column.texts.size()});
     return rows;
 }
 
 std::string cell(const Column& column, size_t row) {
-    if (!column.text.empty()) return row == 0 ? quoted(column.text) : "";
+    if (!column.texts.empty()) return row < column.texts.size() ? quoted(column.texts[row]) : "";
     return row < column.values.size() ? shortest(column.values[row]) : "";
 }
 
@@ -83,10 +99,12 @@ void writeJson(std::ostream& out, const Table& table, const std::string& file) {
     nlohmann::ordered_json object;
     if (!file.empty()) object["file"] = file;
     for (const Column& column : table) {
-        if (!column.text.empty())
-            object[column.name] = column.text;
+        if (column.isSingle && !column.texts.empty())
+            object[column.name] = column.texts.front();
         else if (column.isSingle)
             object[column.name] = column.values.at(0);
+        else if (!column.texts.empty())
+            object[column.name] = column.texts;
         else
             object[column.name] = column.values;
     }
@@ -129,7 +147,9 @@ std::vector<int> shownWith(const Function& function, int output) {
     for (int i = 0; i < static_cast<int>(function.outputs.size()); ++i) {
         const bool goesWithIt =
             areShownTogether(form) && function.outputs[static_cast<size_t>(i)].form == form;
-        if (i == output || goesWithIt) shown.push_back(i);
+        const bool tellsOfIt =
+            form == Form::curve && function.outputs[static_cast<size_t>(i)].form == Form::details;
+        if (i == output || goesWithIt || tellsOfIt) shown.push_back(i);
     }
     return shown;
 }
@@ -149,10 +169,10 @@ Table tableOf(const Function& function, int output, const Outputs& outputs, doub
         if (its.form == Form::segments) return segmentTable(array, rate);
         if (its.form == Form::matrix)
             addMatrix(table, function, its, outputs, array);
-        else if (its.form == Form::record)
-            addFields(table, array);
+        else if (its.form == Form::record || its.form == Form::details)
+            addFields(table, array, its.form == Form::record);
         else
-            table.push_back({its.name, array.data, array.bytes, isSingle});
+            table.push_back(columnOf(its.name, array, isSingle));
     }
     return table;
 }

@@ -15,8 +15,8 @@ namespace shell {
 struct Column {
     std::string name;
     std::vector<double> values;
-    std::string text;      // instead of values, of one row
-    bool isSingle = false; // one value by its nature, not by chance
+    std::vector<std::string> texts{}; // instead of values
+    bool isSingle = false;            // one value by its nature, not by chance
 };
 
 using Table = std::vector<Column>;
@@ -27,8 +27,8 @@ enum class Format { csv, tsv, json, columns, labels, wav };
 /// With the point: .csv, .tsv, .json, .txt (columns and labels), .wav.
 const char* extensionOf(Format format);
 
-/// The outputs that are shown with one: the curves with the curves, the lists with the lists, all others
-/// alone; and the times before them.
+/// The outputs that are shown with one: the curves with the curves and what else is known of their values,
+/// the lists with the lists, all others alone; and the times before them.
 std::vector<int> shownWith(const Function& function, int output);
 
 /// How many outputs the module is asked for, so that those shown with one are among them, and a matrix's

@@ -74,6 +74,11 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         {"wavepitch ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
         {"wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
         {"wavepitch setCover sets=@sets.csv", "chosen,coverage\n2,0.6\n1,1\n"},
+        {"wavepitch findTune maxNum=1 @hum.csv:f0 tunes.tsv --json",
+         "{\"rank\":[2.0],\"distance\":[0.0],\"name\":[\"b, c\"],\"position\":[0.01],\"ratio\":[0.85],"
+         "\"transposition\":[7.0]}\n"},
+        {"wavepitch findTune @hum.csv:f0 tunes.tsv resolution=1 lowerRatio=1",
+         "rank,distance,name,position,ratio,transposition\n2,0,\"b, c\",0.01,1,7\n1,1,a,0,1,8\n"},
         {"wavepitch setCover sets=@sets.csv maxSetNum=2 maxSetNum=1 --tsv", "chosen\tcoverage\n2\t0.6\n"},
         {"wavepitch wave2frames three.wav frameSize=2 overlap=1",
          "time,sample0,sample1\n0.001,0,0.5\n0.002,0.5,0.25\n"},
@@ -112,6 +117,9 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
          "wavepitch wave2ashod three.wav frameSize=3 overlap=0 --out-dir to --resume; cat to/three.csv",
          "time,ashod\n0.0015,0\n"},
     };
+    std::ofstream("hum.csv") << "time,f0\n0,0\n0.01,67\n0.02,69\n0.03,71\n";
+    std::ofstream("tunes.tsv") << "name\torigin\tkey\ttempo\tnotes\na\t\t\t6000\tC4:1 B3:1 D#4:1\n"
+                                  "b, c\t\t\t6000\tr:1 C4:1 D4:1 E4:1\n";
     std::ofstream("sets.csv") << "1 2 0\n3 4 5\n5 0 0\n";
     writeSound("three.wav", {0, 0.5, 0.25}, 1, 1000);
     writeSound("pair.wav", {0, 1, 0.25, 0.25}, 2, 1000);

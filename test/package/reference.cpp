@@ -181,6 +181,13 @@ void matching() {
     int best = 0;
     linearScaling(query.data(), 4, song.data(), 8, 0.8, 1.6, 9, 2, distances.data(), scaled.data(), best);
     give("linearScaling", 3, distances);
+    const Doubles hum{57, 59, 59, 61};
+    const Doubles tunes[] = {{67, 67, 65, 62, 60, 60}, {60, 62, 62, 64, 64, 60, 67}};
+    const TUNE everywhere[] = {{tunes[0].data(), 6, nullptr, 0}, {tunes[1].data(), 7, nullptr, 0}};
+    TUNEMATCH match[2];
+    findTune(hum.data(), 4, everywhere, 2, {0.8, 1.6, 9, 2}, match, 2);
+    give("findTune", 1, Ints{match[0].tune + 1, match[1].tune + 1});
+    give("findTune", 2, Doubles{match[0].distance, match[1].distance});
     double shift = 0;
     give("lrShiftDist", 1, row(lrShiftDist(query.data(), 4, song.data(), 8, 2, shift, best)));
     Doubles sets{1, 3, 5, 6, 2, 4, 0, 1, 0, 5, 0, 0};

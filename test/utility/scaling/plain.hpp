@@ -10,10 +10,10 @@
 
 using Matches = std::vector<TUNEMATCH>;
 
-/// Compares the query with every place of every tune, of at most 99 values.
+/// Compares the query with every place of every tune, of at most 700 values.
 inline Matches plainMatches(const Doubles& query, const std::vector<TUNE>& tunes, const TUNESEARCH& search) {
     const auto scaleNum = static_cast<size_t>(search.resolution);
-    Doubles distance(scaleNum), shift(scaleNum), scaled(99), difference(99);
+    Doubles distance(scaleNum), shift(scaleNum), scaled(700), difference(700);
     Matches matches;
     for (int i = 0; i < lengthOf(tunes); ++i) {
         const TUNE& tune = tunes[static_cast<size_t>(i)];

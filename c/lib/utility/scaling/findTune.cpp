@@ -1,6 +1,7 @@
 // Three stages for each tune: bounds of the distance at every place for every version
 // (kernel/placeBound.hpp), from running sums of the tune; the places in their order, without those whose
-// bound tells that they cannot be better than what is known; and the tune's place among the best.
+// bound tells that they cannot be better than what is known; and the tune's place among the best. Long
+// versions have a second, tighter bound of the same kind: the distance of the means of eight values each.
 //
 // The margin by which a bound must exceed a distance covers the rounding of all sums, at its worst.
 #include "utility/scaling/findTune.hpp"
@@ -21,6 +22,8 @@ namespace {
 
 using namespace wavepitch::utility;
 
+constexpr std::size_t blockSize = 8;      // values in a mean of the second bound
+constexpr std::size_t leastBlocked = 256; // values of the shortest version that has one
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 double largestMagnitude(const double* values, int n) {
@@ -33,6 +36,7 @@ struct Version {
     std::vector<double> pitch; // empty where it is longer than every tune, or shorter than a value
     int length;
     Segments segments;
+    std::vector<double> blockMean; // empty where there is no second bound
 
     bool hasBound() const { return pitch.size() >= segmentNum; }
 };
@@ -56,18 +60,30 @@ Segments segmentsOf(const std::vector<double>& pitch) {
     return result;
 }
 
+std::vector<double> blockMeansOf(const std::vector<double>& pitch) {
+    std::vector<double> means;
+    if (pitch.size() < leastBlocked) return means;
+    for (std::size_t first = 0; first + blockSize <= pitch.size(); first += blockSize) {
+        double sum = 0;
+        for (std::size_t k = first; k < first + blockSize; ++k) sum += pitch[k];
+        means.push_back(sum / blockSize);
+    }
+    return means;
+}
+
 /// The versions as the linear scaling with a shift makes them.
 std::vector<Version> versionsOf(const double* query, int queryLen, const TUNESEARCH& search, int longest) {
     std::vector<Version> versions;
     for (int i = 0; i < search.resolution; ++i) {
         const double ratio = scaleRatio(search.lowerRatio, search.upperRatio, search.resolution, i);
-        Version version{{}, myRound(ratio * queryLen), {}};
+        Version version{{}, myRound(ratio * queryLen), {}, {}};
         if (version.length > longest) break; // no scale behind one that is too long is compared
         if (version.length > 0) {
             version.pitch.resize(static_cast<std::size_t>(version.length));
             vecResample(query, queryLen, version.pitch.data(), version.length);
         }
         if (version.hasBound()) version.segments = segmentsOf(version.pitch);
+        version.blockMean = blockMeansOf(version.pitch);
         versions.push_back(std::move(version));
     }
     return versions;
@@ -77,7 +93,8 @@ class TuneSearch {
 public:
     TuneSearch(const double* query, int queryLen, const TUNESEARCH& ofSearch, int longest)
         : search(ofSearch), versions(versionsOf(query, queryLen, search, longest)),
-          difference(static_cast<std::size_t>(longest)), queryMagnitude(largestMagnitude(query, queryLen)) {}
+          difference(static_cast<std::size_t>(longest)), blockMean(difference.size() / blockSize),
+          queryMagnitude(largestMagnitude(query, queryLen)) {}
 
     /// The best place of a tune, if there is one with a distance below the limit.
     TUNEMATCH bestPlace(const TUNE& tune, double limit) {
@@ -134,21 +151,38 @@ private:
 
     void tryPlace(const double* pitch, int position, int scale) {
         const Version& version = versions[static_cast<std::size_t>(scale)];
-        if (version.length < 1) return;
-        const double* place = pitch + position;
-        for (std::size_t k = 0; k < version.pitch.size(); ++k) difference[k] = version.pitch[k] - place[k];
-        const double offset = bestOffset(difference.data(), version.length, search.distanceType);
+        if (version.length < 1 || isBeyond(version, position)) return;
         // A sum above the best distance times the length, rounded, is no smaller distance when divided.
         const double limit = std::nextafter(best.distance * version.length, infinity);
-        const double total =
-            shiftedDistance(version.pitch.data(), place, version.length, offset, search.distanceType, limit);
+        double offset = 0;
+        const double total = leastSum(version.pitch, pitch + position, limit, offset);
         const double distance = total / version.length;
         if (total < limit && distance < best.distance) best = {0, distance, position, scale, 0, offset};
+    }
+
+    /// Whether the second bound tells that a place is not better than the best.
+    bool isBeyond(const Version& version, int position) {
+        if (version.blockMean.empty()) return false;
+        const double* before = sum.data() + position;
+        for (std::size_t j = 0; j < version.blockMean.size(); ++j, before += blockSize)
+            blockMean[j] = (before[blockSize] - before[0]) / blockSize;
+        double offset = 0;
+        const double total = leastSum(version.blockMean, blockMean.data(), infinity, offset);
+        return total * blockSize / version.length > best.distance + margin;
+    }
+
+    /// The summed distance of two sequences, the best offset subtracted from the first; up to a limit.
+    double leastSum(const std::vector<double>& values, const double* other, double limit, double& offset) {
+        for (std::size_t k = 0; k < values.size(); ++k) difference[k] = values[k] - other[k];
+        const auto length = static_cast<int>(values.size());
+        offset = bestOffset(difference.data(), length, search.distanceType);
+        return shiftedDistance(values.data(), other, length, offset, search.distanceType, limit);
     }
 
     TUNESEARCH search;
     std::vector<Version> versions;
     std::vector<double> difference;
+    std::vector<double> blockMean; // of the tune
     double queryMagnitude;
     PlaceBounds boundsOf = placeBounds();
     // of the current tune
