@@ -1,27 +1,11 @@
 #include "audio/endPoint/kernel/frameKernel.hpp"
 
 #include "audio/endPoint/made.hpp"
+#include "audio/endPoint/plain.hpp"
 
 #include <numeric>
 
 namespace {
-
-using Wide = std::vector<std::int64_t>;
-
-/// Each distance counts at most the largest int.
-std::int64_t sumOfDistances(const Wide& x, std::int64_t from) {
-    std::int64_t sum = 0;
-    for (const auto value : x) sum += std::min<std::int64_t>(std::abs(value - from), INT_MAX);
-    return sum;
-}
-
-template <typename Sample>
-int plainCrossings(const std::vector<Sample>& x) {
-    int count = 0;
-    for (size_t i = 1; i < x.size(); ++i)
-        if (double(x[i - 1]) * double(x[i]) < 0) ++count;
-    return count;
-}
 
 TEST(FrameKernel, EveryVersionEqualsThePlainLoops) {
     std::vector<wavepitch::endPoint::FrameKernel> versions;
@@ -41,7 +25,7 @@ TEST(FrameKernel, EveryVersionEqualsThePlainLoops) {
             Doubles reals(x.begin(), x.end());
             reals[random() % n] = notANumber;
             for (const auto& kernel : versions) {
-                Wide differences(x.begin(), x.end());
+                WideInts differences(x.begin(), x.end());
                 EXPECT_EQ(kernel.deviation(x.data(), n, most / 3), sumOfDistances(differences, most / 3));
                 EXPECT_EQ(kernel.crossings(x.data(), n), plainCrossings(x));
                 EXPECT_EQ(kernel.crossingsOfDoubles(reals.data(), n), plainCrossings(reals));

@@ -2,6 +2,7 @@
 #include "utility/vector/median.hpp"
 #include "support/audio.hpp"
 #include "utility/vector/kernel/intMedian.hpp"
+#include "utility/vector/plain.hpp"
 
 namespace {
 
@@ -24,29 +25,6 @@ TEST(IntMedian, EveryVersionFindsTheMiddleOfTheSortedValues) {
             const std::int64_t both = sorted[lower] + sorted[static_cast<std::size_t>(n) / 2];
             for (const auto median : versions) EXPECT_EQ(median(x, n), both / 2) << n << " up to " << most;
         }
-}
-
-/// The first value of the range is the pivot; smaller ones are swapped in front of it.
-double medianByDefinition(Doubles v) {
-    const std::size_t k = (v.size() - 1) / 2;
-    std::size_t first = 0;
-    std::size_t end = v.size();
-    while (true) {
-        std::size_t place = first;
-        for (std::size_t i = first + 1; i < end; ++i)
-            if (v[i] < v[first]) std::swap(v[i], v[++place]);
-        std::swap(v[first], v[place]);
-        if (place == k) break;
-        if (place < k)
-            first = place + 1;
-        else
-            end = place;
-    }
-    if (v.size() % 2 == 1) return v[k];
-    double upper = v[k + 1];
-    for (std::size_t i = k + 2; i < end; ++i)
-        if (v[i] < upper) upper = v[i];
-    return (v[k] + upper) * 0.5;
 }
 
 TEST(Median, IsThatOfTheDefiningSelection) {

@@ -42,7 +42,7 @@ private:
     int interpolated(double position) const {
         const auto k = static_cast<int>(position); // the floor, as the position is not negative
         const double f = position - k;
-        const double value = static_cast<float>(wave[k] * (1.0 - f) + wave[k + 1] * f);
+        const auto value = static_cast<double>(static_cast<float>(wave[k] * (1.0 - f) + wave[k + 1] * f));
         const double beyond = value > 0.0 ? value + 0.5 : value - 0.5;
         return static_cast<int>(std::clamp<double>(beyond, INT_MIN, INT_MAX));
     }

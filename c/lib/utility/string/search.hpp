@@ -19,7 +19,7 @@ void strVecLinSearch(const std::vector<std::string>& list, const std::string& pa
 int strVecLinSearchFirstMatch(const std::vector<std::string>& list, const std::string& pattern);
 
 /// Searches a list sorted in ascending byte order by bisection. A list that is not sorted finds some element
-/// or none.
+/// or none. Elements and key end at their first NUL byte here.
 ///
 /// @param matches  replaced: one index, or none. Of several equal elements, the one met first.
 /// @param method   0 finds an element equal to the key, any other one that begins with it.
