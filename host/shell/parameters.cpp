@@ -90,7 +90,7 @@ std::vector<mxArray> inputsOf(const Function& function, const Parameters& parame
             throw std::runtime_error(function.name + ": " + input + " comes from the recording");
         if (given && !missing.empty()) refuseGap(function, missing, input);
         if (isRecordings)
-            result.push_back(input == "wave" ? std::move(wave) : scalar(rate));
+            result.push_back(input == "wave" ? std::exchange(wave, {}) : scalar(rate));
         else if (given)
             result.push_back(*given);
         else if (missing.empty())
