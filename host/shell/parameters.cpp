@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
 #include <strings.h>
@@ -64,8 +63,8 @@ std::string namesOf(const Function& function) {
 } // namespace
 
 bool isParameter(const std::string& word) {
-    static const std::regex form("[A-Za-z]\\w*=[^]*");
-    return std::regex_match(word, form);
+    const size_t equals = word.find('=');
+    return equals != std::string::npos && isWord(word.substr(0, equals));
 }
 
 std::pair<std::string, mxArray> parameter(const std::string& word) {
