@@ -225,8 +225,11 @@ private:
         }
     }
 
+    /// A line that begins with the recording, or the function, whose own messages do so already.
     void say(size_t job, const std::string& message) const {
-        progress.say("wavepitch: " + inOneLine(nameOf(jobs[job])) + ": " + inOneLine(message));
+        const std::string name = nameOf(jobs[job]) + ": ";
+        const bool isNamed = jobs[job].recording.empty() && message.starts_with(name);
+        progress.say("wavepitch: " + inOneLine((isNamed ? "" : name) + message));
     }
 
     void refused(size_t job, const std::string& reason) {

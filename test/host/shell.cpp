@@ -183,7 +183,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
          "room for 1000001000000 values is asked for, by FRAMESIZE and OVERLAP"},
         {"wavepitch wave2pv z --raw 1:s8", "room for 16000000000 values is asked for, by FS"},
         {"wavepitch isWaveSilence $SPEECH --columns", "silent has no times"},
-        {"wavepitch pitch2freq 69,", "PITCH must be"},
+        {"wavepitch pitch2freq 69,", "wavepitch: pitch2freq: PITCH must be"},
     };
     fs::create_directory("empty");
     std::ofstream("empty.wav");
