@@ -83,7 +83,7 @@ void requireFit(const Function& function, int output, Format format) {
         throw std::runtime_error(name + " is no list of segments for --labels");
     if (format == Format::wav && form != Form::sound)
         throw std::runtime_error(name + " is no sound for --wav");
-    if (format == Format::columns && (form != Form::curve || shownWith(function, output).size() < 2))
+    if (format == Format::columns && (form != Form::curve || function.find(Form::time) < 0))
         throw std::runtime_error(name + " has no times for --columns");
 }
 

@@ -87,6 +87,7 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         {"wavepitch wave2pfMat three.wav frameSize=2 overlap=1 pfLen=1 pfType=acf pfMethod=1",
          "time,lag0\n0.001,0.125\n0.002,0.03125\n"},
         {"wavepitch wave2volume three.wav frameSize=2 overlap=1 nbits=8 --columns", "0.001 64\n0.002 32\n"},
+        {"wavepitch wave2f0 $SPEECH --show strength --columns | sed -n 37p | head -c 9", "0.36 0.68"},
         {"wavepitch endPoints silence.wav method=character",
          "start,end,firstSample,lastSample\n0,0.426,1,426\n"},
         {"wavepitch endPoints silence.wav method=handset", "start,end,firstSample,lastSample\n"},
@@ -183,7 +184,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
          "overlap=999999",
          "room for 1000001000000 values is asked for, by FRAMESIZE and OVERLAP"},
         {"wavepitch wave2pv z --raw 1:s8", "room for 16000000000 values is asked for, by FS"},
-        {"wavepitch isWaveSilence $SPEECH --columns", "silent has no times"},
+        {"wavepitch setCover 1,2 --columns", "chosen has no times"},
         {"wavepitch pitch2freq 69,", "wavepitch: pitch2freq: PITCH must be"},
     };
     fs::create_directory("empty");
