@@ -96,6 +96,7 @@ mxArray readColumn(const std::string& path, const std::string& name) {
     std::ifstream file = opened(path);
     std::string line;
     std::getline(file, line);
+    if (line.ends_with('\r')) line.pop_back();
     std::replace(line.begin(), line.end(), '\t', ',');
     std::istringstream names(line);
     std::vector<std::string> columns;

@@ -118,7 +118,7 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
          "wavepitch wave2ashod three.wav frameSize=3 overlap=0 --out-dir to --resume; cat to/three.csv",
          "time,ashod\n0.0015,0\n"},
     };
-    std::ofstream("hum.csv") << "time,f0\n0,0\n0.01,67\n0.02,69\n0.03,71\n";
+    std::ofstream("hum.csv") << "time,f0\r\n0,0\r\n0.01,67\n0.02,69\n0.03,71\n";
     std::ofstream("tunes.tsv") << "name\torigin\tkey\ttempo\tnotes\na\t\t\t6000\tC4:1 B3:1 D#4:1\n"
                                   "b, c\t\t\t6000\tr:1 C4:1 D4:1 E4:1\n";
     std::ofstream("sets.csv") << "1 2 0\n3 4 5\n5 0 0\n";
