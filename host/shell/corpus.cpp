@@ -277,7 +277,8 @@ private:
     }
 
     void sayTally(const char* prefix) const {
-        progress.say(prefix + std::to_string(jobs.size()) + " recordings: " + std::to_string(tally.done) +
+        progress.say(prefix + std::to_string(jobs.size()) +
+                     (jobs.size() == 1 ? " recording: " : " recordings: ") + std::to_string(tally.done) +
                      " done, " + std::to_string(tally.refused) + " refused" +
                      (tally.leftOut > 0 ? ", " + std::to_string(tally.leftOut) + " there already" : ""));
     }

@@ -1,7 +1,7 @@
 #include "drawing.hpp"
 
+#include "matches.hpp"
 #include "output.hpp"
-#include "picture.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -205,6 +205,7 @@ std::vector<Panel> panelsOf(const Request& request, const Analysis& analysis) {
         panel.axes.cut = analysis.table.at(0).values.at(0);
         return {panel};
     }
+    if (hasMatches(request, analysis)) return matchPanels(request, analysis);
     return {shownPanel(request, analysis)};
 }
 

@@ -143,6 +143,8 @@ TEST_F(Shell, PicturesShowWhatThePackageDraws) {
         {"wave2pitch $SPEECH", "lc rgb '#000000'"}, // lags over the pitch function
         {"note2wave 69 0.5 8000", "set xrange [0:0.5]"},
         {"uvCut $SPEECH", "from first 0.432, graph 0"},
+        {"findTune 0,60,62,64 $EXAMPLES/tunes/tunes.tsv",
+         "set yrange [57.799999999999997:62.200000000000003]"},
         {"note2pv 60,64 0.2,0.1 0.05", "set yrange [59.799999999999997:64.200000000000003]"},
     };
     bash("mkdir bin; printf '#!/bin/sh\ncat >script' >bin/gnuplot; chmod +x bin/gnuplot");
