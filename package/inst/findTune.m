@@ -95,3 +95,4 @@ end
 %! assert ({rank, details.name, details.position(1)}, {[2, 1], {"Down", "Up"}, 6});
 %!error <findTune: NAMES must be a cell array with a cell for each tune> findTune (60, {60}, "names", {})
 %!error <findTune: TUNES\{2\} must be a real vector> findTune (60, {60, "x"})
+%!error <findTune: room for 200000000 values is asked for, by the durations of TUNES> findTune (60, {[60 1e6; 62 1e6]})
