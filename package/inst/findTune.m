@@ -75,7 +75,7 @@ end
 %! query = sung (tunes{1}(3:6,:), 1, 3);
 %! query(query < 10) = NaN;
 %! [rank, distance, details] = findTune (query, tunes, "anywhere", true, "maxNum", 1);
-%! assert ({rank, distance, details.position, details.ratio}, {1, 0, 2, 1});
+%! assert ({rank, distance, details.position, details.ratio, numel(details.contour{1})}, {1, 0, 2, 1, 450});
 %! contours = cellfun (@(notes) [0, sung(notes, 1, 0)], tunes, "UniformOutput", false);
 %! [rank, ~, details] = findTune (query, contours, "anywhere", true);
 %! assert ({rank(1), details.position(1)}, {1, 2.01}, 1e-12);
@@ -84,6 +84,8 @@ end
 %! assert (findTune ([60; 62; 60], {61}), zeros (1, 0));
 %! assert (findTune ([0, NaN], tunes), zeros (1, 0));
 %! assert (findTune (60, {}), zeros (1, 0));
+%! assert (findTune (60, {[60, 0]}, "phrases", {2}), zeros (1, 0));
+%! assert (findTune (60, {[60, 0]}, "phrases", {2}, "anywhere", true), 1);
 %!test  # a collection in a file
 %! file = tempname ();
 %! fid = fopen (file, "w");
@@ -95,3 +97,4 @@ end
 %! assert ({rank, details.name, details.position(1)}, {[2, 1], {"Down", "Up"}, 6});
 %!error <findTune: NAMES must be a cell array with a cell for each tune> findTune (60, {60}, "names", {})
 %!error <findTune: TUNES\{2\} must be a real vector> findTune (60, {60, "x"})
+%!error <findTune: room for 200000000 values is asked for, by the durations of TUNES> findTune (60, {[60 1e6; 62 1e6]})
