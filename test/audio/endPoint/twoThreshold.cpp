@@ -1,13 +1,11 @@
 // The detectors that frame ints by themselves: two thresholds, and volume with zero crossings.
 #include "audio/endPoint/made.hpp"
 
-#include <filesystem>
 #include <fstream>
 
 namespace {
 
 TEST(TwoThreshold, SoundReachesAsFarAsTheLowThresholdIsReached) {
-    std::filesystem::current_path(testing::TempDir());
     const struct {
         Ints volume;
         double lowRatio, highRatio;
