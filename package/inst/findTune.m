@@ -83,13 +83,4 @@ end
 %! assert (findTune (60 * ones (1, 50), {1:40, zeros(1, 60), 50 * ones(1, 60), 70 * ones(1, 60)}), [3, 4, 1]);
 %! assert (findTune ([0, NaN], tunes), zeros (1, 0));
 %! assert (findTune (60, {}), zeros (1, 0));
-%!test  # a collection in a file
-%! file = tempname ();
-%! fid = fopen (file, "w");
-%! fputs (fid, "name\torigin\tkey\ttempo\tnotes\nUp\t\tC\t60\t| C4:1 D4:1\nDown\t\tC\t120\tF##4:1 | C4:2 E4:2 G4:2\n");
-%! fclose (fid);
-%! [rank, ~, details] = findTune (sung (tunes{2}(7:9,:), 1.2, 1), file);
-%! delete (file);
-%! assert ({rank, details.name, details.position(1)}, {[2, 1], {"Down", "Up"}, 0.5});
-%!error <findTune: NAMES must be a cell array with a cell for each tune> findTune (60, {60}, "names", {})
 %!error <findTune: TUNES\{2\} must be a real vector> findTune (60, {60, "x"})

@@ -92,10 +92,10 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
 TEST(Mexhost, DrawsWhateverComesOut) {
     if (std::system("gnuplot --version >/dev/null") != 0) GTEST_SKIP() << "gnuplot not found";
     const std::string framed = " --frames 256 128 --lags";
-    const std::string calls[] = {
-        module + speech + "256 128 128 0 2" + framed, probe + "6" + framed, probe + "0 3",
-        probe + "0 '" + written("odd`name`\".txt", "1 nan\n-inf 3e300\n") + "' --rate 8000",
-        probe + "0 " + written("nan.csv", "nan nan\nnan nan")};
+    const std::string calls[] = {module + speech + "256 128 128 0 2" + framed, probe + "6" + framed,
+                                 probe + "0 '" + written("odd`name`\".txt", "1 nan\n-inf 3e300\n") +
+                                     "' --rate 8000",
+                                 probe + "0 " + written("nan.csv", "nan nan\nnan nan")};
     for (const std::string& call : calls) {
         std::remove("picture.png");
         const Result result = mexhost(call + " --png picture.png");
