@@ -1,8 +1,6 @@
 #include "support/audio.hpp"
 #include "support/utilityTest.hpp"
 
-#include "audio/audio.hpp"
-
 #include <fstream>
 
 namespace {
