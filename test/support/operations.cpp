@@ -20,6 +20,15 @@ Doubles row(Values... values) {
     return {static_cast<double>(values)...};
 }
 
+Doubles fields(const PTPARAM& p) {
+    return row(p.fs, p.nbits, p.pfType, p.frameSize, p.overlap, p.pfLen, p.ppcNum, p.minPitch, p.maxPitch,
+               p.pitchRangeMax, p.pitchDiffMax, p.maxMedianPitchDiff, p.dpMethod, p.dpPosDiffOrder,
+               p.dpUseLocalOptim, p.pfWeight, p.indexDiffWeight, p.useVolThreshold, p.useClarityThreshold,
+               p.clarityRatio, p.medianFilterOrder, p.cutLeadingTrailingZero, p.maxAmdfLocalMinCount,
+               p.minAmdfRange, p.halfOfFs, p.halfOfNbits, p.frameRate, p.minIndex, p.maxIndex,
+               p.useClarityWeight);
+}
+
 class Operations {
 public:
     Operations(const Recording& recording, GiveOutput giveOutput)
@@ -47,6 +56,7 @@ private:
         for (const PF_TYPE type : {PF_AMDF, PF_ACF}) {
             PTPARAM param{};
             cAudio::ptParamSet(&param, fs, 16, type, nullptr);
+            give(type == PF_ACF ? "ptParam.1" : "ptParam AMDF.1", fields(param));
             if (type == PF_AMDF) {
                 param.minPitch = 45;
                 param.medianFilterOrder = 3;
