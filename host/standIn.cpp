@@ -190,7 +190,8 @@ void mxSetCell_700(mxArray* array, int index, mxArray* value) {
 }
 
 mxArray* mxGetCell_700(const mxArray* array, int index) {
-    return const_cast<mxArray*>(&array->fields.at(static_cast<size_t>(index)));
+    const auto i = static_cast<size_t>(index);
+    return i < array->fields.size() ? const_cast<mxArray*>(&array->fields[i]) : nullptr;
 }
 
 void mxSetField(mxArray* array, int index, const char* fieldName, mxArray* value) {

@@ -18,21 +18,22 @@ constexpr double mostRate = 1e6;
 struct Collection {
     std::vector<std::string> names;
     std::vector<CONTOUR> contours;
+    double frameNum = 0; // of the notes
 
-    void add(const Argument& tunes, const MELODY& melody, double frameRate) {
-        if (!(frameNumOf(melody, frameRate) < mostInt))
-            tunes.refuse("of fewer than 2147483647 frames a tune");
+    void add(const Call& call, const MELODY& melody, double frameRate) {
+        frameNum += frameNumOf(melody, frameRate);
+        requireRoom(call, frameNum, "the durations of TUNES and FRAMERATE");
         names.push_back(melody.name);
         contours.push_back(note2contour(melody, frameRate));
     }
 };
 
-Collection fromFile(const Argument& tunes, const Options& options, double frameRate) {
+Collection fromFile(const Call& call, const Argument& tunes, const Options& options, double frameRate) {
     for (const char* name : {"names", "phrases"})
         if (options.has(name)) options[name].refuse("left out, TUNES is a file that has them");
     Collection collection;
     const auto read = [&](const char* file) {
-        for (const MELODY& melody : melodyRead(file)) collection.add(tunes, melody, frameRate);
+        for (const MELODY& melody : melodyRead(file)) collection.add(call, melody, frameRate);
     };
     tunes.readFile(read, "a file of tunes, or a cell array");
     return collection;
@@ -63,7 +64,7 @@ MELODY melodyOf(const Argument& tune) {
     return melody;
 }
 
-Collection fromCells(const Argument& tunes, const Options& options, double frameRate) {
+Collection fromCells(const Call& call, const Argument& tunes, const Options& options, double frameRate) {
     const std::vector<Argument> cells = tunes.cells();
     const std::vector<Argument> names = cellsOf(options, "names", cells.size());
     const std::vector<Argument> phrases = cellsOf(options, "phrases", cells.size());
@@ -74,7 +75,7 @@ Collection fromCells(const Argument& tunes, const Options& options, double frame
             MELODY melody = melodyOf(cells[i]);
             melody.name = name;
             melody.phrase = phrasesOf(phrases, i, melody.pitch.size());
-            collection.add(cells[i], melody, frameRate);
+            collection.add(call, melody, frameRate);
         } else {
             const Numbers pitch = cells[i].contour();
             collection.names.push_back(name);
@@ -142,10 +143,13 @@ void findTuneCommand(Call& call) {
     const double frameRate = options.number("frameRate", 100, 1e-3, mostRate);
     const int maxNum = options.whole("maxNum", 10, 1);
     const bool anywhere = options.flag("anywhere", false);
-    const Collection collection =
-        input.isText() ? fromFile(input, options, frameRate) : fromCells(input, options, frameRate);
+    const Collection collection = (input.isText() ? fromFile : fromCells)(call, input, options, frameRate);
     const std::vector<TUNE> tunes = tunesOf(collection, anywhere);
     const std::vector<double> query = pitch2contour(pitch.data(), pitch.length(), {}).pitch;
+    int longest = 0;
+    for (const TUNE& tune : tunes) longest = std::max(longest, tune.pitchLen);
+    requireRoom(call, resolution * std::min<double>(longest, upper * static_cast<double>(query.size())),
+                "the lengths of QUERY and TUNES, UPPERRATIO and RESOLUTION");
     std::vector<TUNEMATCH> matches(std::min(tunes.size(), static_cast<size_t>(maxNum)));
     const int found =
         findTune(query.data(), static_cast<int>(query.size()), tunes.data(), static_cast<int>(tunes.size()),

@@ -69,12 +69,6 @@ std::ifstream opened(const std::string& path) {
     return file;
 }
 
-bool isWord(const std::string& text) {
-    return std::isalpha(static_cast<unsigned char>(text.front())) != 0 &&
-           std::all_of(text.begin(), text.end(),
-                       [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
-}
-
 bool isQuoted(const std::string& text) {
     return text.size() >= 2 && text.front() == '\'' && text.back() == '\'';
 }
@@ -102,6 +96,7 @@ mxArray readColumn(const std::string& path, const std::string& name) {
     std::ifstream file = opened(path);
     std::string line;
     std::getline(file, line);
+    if (line.ends_with('\r')) line.pop_back();
     std::replace(line.begin(), line.end(), '\t', ',');
     std::istringstream names(line);
     std::vector<std::string> columns;
@@ -116,6 +111,12 @@ mxArray readColumn(const std::string& path, const std::string& name) {
     return {table.rows, 1, {first, first + static_cast<std::ptrdiff_t>(table.rows)}};
 }
 
+bool isWord(const std::string& text) {
+    return !text.empty() && std::isalpha(static_cast<unsigned char>(text.front())) != 0 &&
+           std::all_of(text.begin(), text.end(),
+                       [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
+}
+
 bool isNumber(const std::string& text) {
     char* end = nullptr;
     std::strtod(text.c_str(), &end);
@@ -126,7 +127,7 @@ Input readInput(const std::string& text) {
     if (isNumber(text)) return {{1, 1, {std::strtod(text.c_str(), nullptr)}}};
     if (isQuoted(text)) return {characters(text.substr(1, text.size() - 2))};
     if (!std::filesystem::exists(text)) {
-        if (!text.empty() && isWord(text)) return {characters(text)};
+        if (isWord(text)) return {characters(text)};
         throw std::runtime_error("cannot open " + text + ": no such file");
     }
     const std::string extension = std::filesystem::path(text).extension();

@@ -14,6 +14,9 @@ struct Input {
 /// Whether all of the text is a number, infinities and not-a-number included.
 bool isNumber(const std::string& text);
 
+/// Whether a text is letters, digits and _, a letter first.
+bool isWord(const std::string& text);
+
 /// A matrix from its rows, one after the other.
 mxArray fromRows(const std::vector<double>& values, size_t rows, size_t columns);
 

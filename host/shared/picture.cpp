@@ -164,6 +164,8 @@ void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axe
         points.insert(points.end(), {along.at(static_cast<double>(i)), finiteOrBlank(output.data[i])});
         if (std::isfinite(output.data[i])) finite.push_back(output.data[i]);
     }
+    for (size_t i = 1; i < axes.over.size(); i += 2)
+        if (std::isfinite(axes.over[i])) finite.push_back(axes.over[i]);
     for (const double level : axes.levels) {
         if (!std::isfinite(level)) continue;
         finite.push_back(level);
@@ -177,9 +179,14 @@ void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axe
     plot.line("set yrange [%.17g:%.17g]", *least - margin, *greatest + margin);
     plot.line("set ylabel %s", Gnuplot::quoted(axes.label).c_str());
     plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with linespoints pt 7 ps 0.3 "
-              "lc rgb '#2c5f8a' notitle",
-              output.data.size());
+              "lc rgb '#2c5f8a' notitle%s",
+              output.data.size(), axes.over.empty() ? "" : ", \\");
+    if (!axes.over.empty())
+        plot.line("'-' binary record=(%zu) format='%%double%%double' using 1:2 with lines lw 1.5 lc rgb '%s' "
+                  "notitle",
+                  axes.over.size() / 2, endColour);
     plot.data(points);
+    plot.data(axes.over);
 }
 
 void drawNothing(Gnuplot& plot, const mxArray& output) {

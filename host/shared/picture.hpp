@@ -23,7 +23,7 @@ struct Axes {
     bool decibels = false; // magnitudes are drawn in dB, the loudest 80 of them
     std::string label = "Value";  // what the values are
     std::vector<double> levels{}; // values that a curve is compared with
-    std::vector<double> over{};   // points over an image: seconds and row value, by turns
+    std::vector<double> over{};   // points over an image or a curve: seconds and value, by turns
     double cut = -1;              // seconds of a line through the output; none below 0
 };
 

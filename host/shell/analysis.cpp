@@ -4,6 +4,8 @@
 #include "call.hpp"
 #include "output.hpp"
 
+#include <algorithm>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 
@@ -86,7 +88,15 @@ double rateOfSound(const Request& request, const Analysis& analysis) {
 
 std::string textOf(const Request& request, const Analysis& analysis, const std::string& file) {
     std::ostringstream text;
-    write(text, analysis.table, request.format, file);
+    if (request.format != Format::columns) {
+        write(text, analysis.table, request.format, file);
+        return text.str();
+    }
+    const std::string& shown = request.function->outputs[static_cast<size_t>(request.output)].name;
+    Table both = {analysis.table.front()};
+    std::copy_if(analysis.table.begin() + 1, analysis.table.end(), std::back_inserter(both),
+                 [&](const Column& column) { return column.name == shown; });
+    write(text, both, request.format);
     return text.str();
 }
 

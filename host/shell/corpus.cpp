@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <random>
 #include <stdexcept>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -38,12 +39,19 @@ std::string contentsOf(std::FILE* file) {
     return text;
 }
 
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    sigaction(signal, nullptr, &action);
+    return action.sa_handler == SIG_IGN;
+}
+
 /// The signals that end a program, and the end of a child. While it exists they wait to be asked for.
 class Signals {
 public:
     Signals() {
         sigemptyset(&set);
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGCHLD}) sigaddset(&set, signal);
+        for (const int signal : {SIGINT, SIGTERM, SIGCHLD}) sigaddset(&set, signal);
+        if (!isIgnored(SIGHUP)) sigaddset(&set, SIGHUP); // nohup has it ignored
         sigprocmask(SIG_BLOCK, &set, &before);
     }
     ~Signals() { restore(); }
@@ -103,7 +111,7 @@ private:
         return job.recording.empty() ? request.function->name : job.recording;
     }
 
-    std::string mark(size_t job) const { return std::to_string(getpid()) + '-' + std::to_string(job); }
+    std::string mark(size_t job) const { return ownMark + std::to_string(job); }
 
     void fill() {
         for (; next < jobs.size() && children.size() < static_cast<size_t>(course.sideBySide); ++next) {
@@ -225,8 +233,11 @@ private:
         }
     }
 
+    /// A line that begins with the recording, or the function, whose own messages do so already.
     void say(size_t job, const std::string& message) const {
-        progress.say("wavepitch: " + inOneLine(nameOf(jobs[job])) + ": " + inOneLine(message));
+        const std::string name = nameOf(jobs[job]) + ": ";
+        const bool isNamed = jobs[job].recording.empty() && message.starts_with(name);
+        progress.say("wavepitch: " + inOneLine((isNamed ? "" : name) + message));
     }
 
     void refused(size_t job, const std::string& reason) {
@@ -266,7 +277,8 @@ private:
     }
 
     void sayTally(const char* prefix) const {
-        progress.say(prefix + std::to_string(jobs.size()) + " recordings: " + std::to_string(tally.done) +
+        progress.say(prefix + std::to_string(jobs.size()) +
+                     (jobs.size() == 1 ? " recording: " : " recordings: ") + std::to_string(tally.done) +
                      " done, " + std::to_string(tally.refused) + " refused" +
                      (tally.leftOut > 0 ? ", " + std::to_string(tally.leftOut) + " there already" : ""));
     }
@@ -289,6 +301,8 @@ private:
     const Request& request;
     const std::vector<Job>& jobs;
     const Course& course;
+    // On machines that share a folder, two processes may have the same number.
+    const std::string ownMark = std::to_string(getpid()) + '-' + std::to_string(std::random_device{}()) + '-';
     Progress progress;
     Signals signals;
     std::map<pid_t, Child> children;

@@ -1,7 +1,7 @@
 #include "drawing.hpp"
 
+#include "matches.hpp"
 #include "output.hpp"
-#include "picture.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -29,7 +29,7 @@ void setLags(Axes& axes, const std::vector<double>& lags) {
 
 /// Curves of pitch: 0 is where there is none, and the unit is Hz or semitones.
 bool isPitch(const std::string& name) {
-    return name == "f0" || name == "pitch";
+    return name == "f0" || name == "pitch" || name == "pv";
 }
 
 /// Whether the pitch is in Hz, which is the usual unit of outputs whose name says frequency.
@@ -37,6 +37,12 @@ bool isInHz(const Request& request, const std::string& name) {
     const mxArray* unit = find(request.parameters, "unit");
     if (!unit) return name == "f0";
     return strcasecmp(unit->bytes.c_str(), "Hz") == 0;
+}
+
+/// The pitch vector of a recording: tenths of semitones from the first pitch to the last, whose places in the
+/// recording are not told.
+bool isTrimmedPitch(const Function& function, const Output& shown) {
+    return shown.name == "pv" && function.takesRecording();
 }
 
 /// A pitch with the pitch function that it was found in.
@@ -74,7 +80,7 @@ Panel shownPanel(const Request& request, const Analysis& analysis) {
     return panel;
 }
 
-/// Tenths of semitones from the first pitch to the last, which the waveform does not tell.
+/// A pitch vector in semitones, one for each 32 ms.
 Panel pitchVectorPanel(const Analysis& analysis) {
     Panel panel{*analysis.outputs.front(), {}};
     for (double& tenths : panel.output.data) tenths /= 10;
@@ -190,7 +196,7 @@ std::vector<Panel> panelsOf(const Request& request, const Analysis& analysis) {
     const Output& shown = request.function->outputs[static_cast<size_t>(request.output)];
     if (shown.form == Form::segments) return {detectorPanel(request, analysis)};
     if (shown.name == "magnitude") return {spectrogramPanel(analysis.outputs, analysis.rate)};
-    if (shown.name == "pv") return {pitchVectorPanel(analysis)};
+    if (isTrimmedPitch(*request.function, shown)) return {pitchVectorPanel(analysis)};
     if (shown.name == "f0") return {frequencyPanel(request, analysis)};
     if (isTracked(*request.function, shown))
         return {lagPanel(request, analysis), shownPanel(request, analysis)};
@@ -199,13 +205,14 @@ std::vector<Panel> panelsOf(const Request& request, const Analysis& analysis) {
         panel.axes.cut = analysis.table.at(0).values.at(0);
         return {panel};
     }
+    if (hasMatches(request, analysis)) return matchPanels(request, analysis);
     return {shownPanel(request, analysis)};
 }
 
 /// The recording, with its segments where they are shown.
 Above aboveOf(const Request& request, const Analysis& analysis) {
     const Output& shown = request.function->outputs[static_cast<size_t>(request.output)];
-    Above above{shown.name == "pv" ? nullptr : &analysis.wave, analysis.rate};
+    Above above{isTrimmedPitch(*request.function, shown) ? nullptr : &analysis.wave, analysis.rate};
     if (shown.form != Form::segments) return above;
     for (size_t i = 0; i < analysis.table[0].values.size(); ++i)
         above.marks.insert(above.marks.end(), {analysis.table[0].values[i], analysis.table[1].values[i]});

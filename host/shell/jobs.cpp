@@ -75,16 +75,24 @@ void place(Job& job, const Places& places) {
     if (places.pictures) job.picture = path.replace_extension(".png");
 }
 
+/// A file's name for comparisons: a/./b and a//b are a/b.
+std::string plainName(const std::string& file) {
+    return fs::path(file).lexically_normal();
+}
+
 /// What two jobs would write, or a job twice, or over a recording.
 void refuseSameFiles(std::vector<Job>& jobs) {
+    std::set<std::string> recordings;
+    for (const Job& job : jobs) recordings.insert(plainName(job.recording));
     std::map<std::string, const Job*> writers;
     for (Job& job : jobs) {
         if (!job.refusal.empty()) continue;
         for (const std::string& file : {job.table, job.picture}) {
             std::error_code unknown;
             if (file.empty()) continue;
-            const auto [writer, isFirst] = writers.emplace(file, &job);
+            const auto [writer, isFirst] = writers.emplace(plainName(file), &job);
             if (!isFirst) job.refusal = "would write " + file + ", as " + writer->second->recording + " does";
+            if (recordings.contains(plainName(file))) job.refusal = "would write over the recording " + file;
             if (fs::equivalent(file, job.recording, unknown)) job.refusal = "would be overwritten";
         }
     }

@@ -43,15 +43,18 @@ void declareAudio(CLI::App& app, Options& options) {
                  "names on standard input (-) end with a zero byte");
 }
 
-void declarePlaces(CLI::App& app, Options& options) {
+void declareFiles(CLI::App& app, Options& options) {
     app.add_option("-o,--output", options.places.file, "results to FILE instead of standard output")
         ->type_name("FILE");
+    app.add_option("--png", options.places.picture, "draw what one recording gives to FILE")
+        ->type_name("FILE");
+}
+
+void declareCorpus(CLI::App& app, Options& options) {
     app.add_option("--out-dir", options.places.folder,
                    "results of each recording to a file of its own in DIR, under the recording's path")
         ->type_name("DIR")
         ->excludes("--output");
-    app.add_option("--png", options.places.picture, "draw what one recording gives to FILE")
-        ->type_name("FILE");
     app.add_flag("--pictures", options.places.pictures, "a PNG picture beside each file in DIR")
         ->needs("--out-dir");
     app.add_flag("--resume", options.course.resume,
@@ -83,7 +86,7 @@ void requireFit(const Function& function, int output, Format format) {
         throw std::runtime_error(name + " is no list of segments for --labels");
     if (format == Format::wav && form != Form::sound)
         throw std::runtime_error(name + " is no sound for --wav");
-    if (format == Format::columns && (form != Form::curve || shownWith(function, output).size() < 2))
+    if (format == Format::columns && (form != Form::curve || function.find(Form::time) < 0))
         throw std::runtime_error(name + " has no times for --columns");
 }
 
@@ -98,7 +101,7 @@ void requirePlaces(const Options& options, size_t recordings) {
     if (many && !withNames && options.places.folder.empty())
         throw std::runtime_error("several recordings in this form want --out-dir");
     if (options.format == Format::wav && options.places.file.empty() && options.places.folder.empty())
-        throw std::runtime_error("--wav wants -o or --out-dir");
+        throw std::runtime_error("--wav wants a file, as -o gives it");
 }
 
 /// The first input that is not given; "" where all are.
@@ -125,7 +128,8 @@ void declare(CLI::App& app, Options& options) {
             ->type_name("NAME");
         declareFormats(*sub, options);
         if (function.takesRecording()) declareAudio(*sub, options);
-        declarePlaces(*sub, options);
+        declareFiles(*sub, options);
+        if (function.takesRecording()) declareCorpus(*sub, options);
     }
     app.add_subcommand("help", "How a function is called")
         ->group("Help")

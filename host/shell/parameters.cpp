@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
 #include <strings.h>
@@ -64,8 +63,8 @@ std::string namesOf(const Function& function) {
 } // namespace
 
 bool isParameter(const std::string& word) {
-    static const std::regex form("[A-Za-z]\\w*=[^]*");
-    return std::regex_match(word, form);
+    const size_t equals = word.find('=');
+    return equals != std::string::npos && isWord(word.substr(0, equals));
 }
 
 std::pair<std::string, mxArray> parameter(const std::string& word) {
@@ -90,7 +89,7 @@ std::vector<mxArray> inputsOf(const Function& function, const Parameters& parame
             throw std::runtime_error(function.name + ": " + input + " comes from the recording");
         if (given && !missing.empty()) refuseGap(function, missing, input);
         if (isRecordings)
-            result.push_back(input == "wave" ? std::move(wave) : scalar(rate));
+            result.push_back(input == "wave" ? std::exchange(wave, {}) : scalar(rate));
         else if (given)
             result.push_back(*given);
         else if (missing.empty())

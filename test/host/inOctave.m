@@ -35,15 +35,13 @@ function tablesKeepEveryBit (mexhost, probe)
   delete (file);
 end
 
-function recordingsGiveTheSameBitsInBothHosts (mexhost, module, examples)
-  for file = glob (fullfile (examples, "*.wav"))'
-    wave = audioread (file{1});
-    for kind = [0, 0, 1, 1; 1:4]  % pfType, pfMethod
-      numbers = num2cell ([256, 100, 128, kind']);
-      text = cellfun (@num2str, numbers, "UniformOutput", false);
-      want = inMexhost (mexhost, module, file{1}, text{:});
-      assertSameBits (wave2pfMat (wave, numbers{:}), want, strjoin ([file, text]));
-    end
+function eachKindHasTheSameBitsInBothHosts (mexhost, module, recording)
+  wave = audioread (recording);
+  for kind = [0, 0, 1, 1; 1:4]  % pfType, pfMethod
+    numbers = num2cell ([256, 100, 128, kind']);
+    text = cellfun (@num2str, numbers, "UniformOutput", false);
+    want = inMexhost (mexhost, module, recording, text{:});
+    assertSameBits (wave2pfMat (wave, numbers{:}), want, strjoin (text));
   end
 end
 
@@ -81,7 +79,7 @@ end
 [mexhost, module, probe, examples] = argv (){end-3:end};
 audioIsReadAsTheHostReadsIt (mexhost, probe);
 tablesKeepEveryBit (mexhost, probe);
-recordingsGiveTheSameBitsInBothHosts (mexhost, module, examples);
+eachKindHasTheSameBitsInBothHosts (mexhost, module, fullfile (examples, "speech8k.wav"));
 badArgumentsAreErrorsOfTheHost ();
 otherShapesAndClassesOfNumbersAreTaken ();
 fatalErrorIsAnErrorOfTheHost ();

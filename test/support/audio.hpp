@@ -17,7 +17,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
-#include <tuple>
 
 /// Whether two numbers have the same bits; not-a-number is one value.
 inline bool isSame(double a, double b) {

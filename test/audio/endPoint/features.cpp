@@ -22,13 +22,6 @@ TEST(Volume, ThreeMethodsAndTheirLimits) {
               "Unknown volume method=4 (line N of file ../../../../c/lib/audio/audio)");
 }
 
-TEST(Ashod, EachFrameHasItsOwnAndNoMoreAreWritten) {
-    const Ints wave{5, -5, 5, -5, 0, -5, 3, 9, -1, 4};
-    Ints ashod(5, 77);
-    cAudio::wave2ashod(wave.data(), 10, 4, 2, ashod.data(), 1);
-    EXPECT_EQ(text(ashod), "30 20 19 21 77");
-}
-
 TEST(Ashod, SaturatesAndRefusesOtherOrders) {
     const int wide[] = {INT_MIN, INT_MAX, INT_MIN};
     EXPECT_EQ(frame2ashod(wide, 3, 2), INT_MAX);

@@ -1,13 +1,11 @@
 // The detectors that frame ints by themselves: two thresholds, and volume with zero crossings.
 #include "audio/endPoint/made.hpp"
 
-#include <filesystem>
 #include <fstream>
 
 namespace {
 
 TEST(TwoThreshold, SoundReachesAsFarAsTheLowThresholdIsReached) {
-    std::filesystem::current_path(testing::TempDir());
     const struct {
         Ints volume;
         double lowRatio, highRatio;
@@ -91,7 +89,6 @@ TEST(EpdByVolZcr, WidensByVolumeAndThenByCrossings) {
         Text span;
         int waveLen = 8000;
     } cases[] = {{"no whole frame", {{0, 319, 9}}, "159 79", 319},
-                 {"silence", {}, "559 79", 640},
                  {"the last frame alone", {{1040, 1120, 100, 1000}}, "959 959", 1120},
                  {"an eighth, apart", {{1600, 2400, 100, 160}, loud}, "3919 6079"},
                  {"a sixteenth, before", {{3000, 4000, 50, 160}, loud}, "3919 6079"},

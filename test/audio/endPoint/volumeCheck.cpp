@@ -1,6 +1,5 @@
 #include "audio/endPoint/made.hpp"
 
-#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -29,7 +28,6 @@ TEST(VolumeCheck, CodesAtTheirThresholds) {
 }
 
 TEST(VolumeCheck, ParameterFiles) {
-    std::filesystem::current_path(testing::TempDir());
     std::ofstream("check.txt") << "minVolTh = 7 % quiet\nmaxVolTh=150\nminVolTh=8.5\n";
     VOL_CHECK_PRM prm{1, 2, 3, 4};
     testing::internal::CaptureStdout();

@@ -1,8 +1,6 @@
 #include "support/audio.hpp"
 #include "support/utilityTest.hpp"
 
-#include "audio/audio.hpp"
-
 #include <fstream>
 
 namespace {
@@ -35,7 +33,7 @@ TEST(Contour, OfNotesHasEachFromTheFrameNearestToItsBeginning) {
 TEST(MelodyFile, IsReadByItsFields) {
     const std::vector<MELODY> melodies =
         melodyRead(file("name\torigin\tkey\ttempo\tnotes\n"
-                        "Up\tnowhere\tC\t90\tr:1 C4:1.5 | Eb4:3 | B#3:0.75\r\n\n"
+                        "Up\tnowhere\tC\t90\tr:1 C4:1.5 | Eb4:3 | B#3:0.75\r\n\r\n"
                         "Down\t\t\t60\tA4:1 Abb-1:2\n"));
     ASSERT_EQ(melodies.size(), 2U);
     EXPECT_EQ(melodies[0].name, "Up");
@@ -50,7 +48,7 @@ TEST(MelodyFile, SaysWhatIsWrongWithWhichMelody) {
     for (const char* const line :
          {"Up\tC\t90\tC4:1", "Up\t\tC\t0\tC4:1", "Up\t\tC\tfast\tC4:1", "Up\t\tC\t90\t",
           "Up\t\tC\t90\tC4:1 |", "Up\t\tC\t90\tH4:1", "Up\t\tC\t90\tC:1", "Up\t\tC\t90\tC4",
-          "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"}) {
+          "Up\t\tC\t90\tC4.5:1", "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"}) {
         SCOPED_TRACE(line);
         const std::string message = fatalMessage([&] { melodyRead(file(std::string("name\n") + line)); });
         EXPECT_NE(message.find(": melody \"Up\": "), std::string::npos) << message;

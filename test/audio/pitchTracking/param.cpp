@@ -5,7 +5,7 @@
 
 namespace {
 
-const std::string name = testing::TempDir() + "pitchParam.txt";
+const std::string name = "pitchParam.txt";
 
 /// Writes a parameter file; returns its name.
 const char* file(const std::string& content) {

@@ -1,4 +1,3 @@
-#include "audio/waveform/resampling.hpp"
 #include "support/audio.hpp"
 
 namespace {
@@ -99,23 +98,6 @@ TEST(Recordings, AreSilentBelowTheThreshold) {
         EXPECT_FALSE(cAudio::isWaveSilence(wave, fs, 16, 5)) << fs << ' ' << sample;
     }
     EXPECT_FALSE(cAudio::isWaveSilence({}, 0, INT_MIN, INT_MAX));
-}
-
-TEST(Recordings, ResamplingInStretchesIsResamplingAtOnce) {
-    Recording wave(2000);
-    for (size_t i = 0; i < wave.size(); ++i) wave[i] = static_cast<short>(i * 7919);
-    const Ints ints(wave.begin(), wave.end());
-    for (const int oldFs : {44100, 11025, 6000, -8000}) {
-        Ints whole(997);
-        cAudio::waveResample(ints.data(), 2000, oldFs, 8000, whole.data(), 997);
-        for (const int length : {1, 7, 256}) {
-            Ints joined(997);
-            for (int first = 0; first < 997; first += length)
-                wavepitch::waveform::Resampling<short>{wave.data(), 2000, oldFs, 8000, 997}.read(
-                    first, std::min(length, 997 - first), joined.data() + first);
-            EXPECT_EQ(joined, whole) << oldFs << ' ' << length;
-        }
-    }
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "audio/waveform/resampling.hpp"
 #include "support/audio.hpp"
 
 namespace {
@@ -42,6 +43,11 @@ TEST(Resample, FollowsTheWaveformAndEndsOnItsEnds) {
     const auto resampled = [](const Ints& wave, int oldFs, int newFs) {
         Ints out(5, 99);
         cAudio::waveResample(wave.data(), lengthOf(wave), oldFs, newFs, out.data(), 5);
+        Ints parts = out;
+        if (!wave.empty())
+            wavepitch::waveform::Resampling<int>{wave.data(), lengthOf(wave), oldFs, newFs, 5}.read(
+                2, 3, &parts[2]);
+        EXPECT_EQ(parts, out) << "in stretches";
         return text(out);
     };
     EXPECT_EQ(resampled({0, 10, 20, 30, 40, 50, 60, 70}, 16000, 8000), "0 20 40 60 70");

@@ -40,13 +40,15 @@ TEST(FindTune, IsThePlainLoopOverEveryPlace) {
         for (int i = 0; i < 12; ++i) pitches.push_back(melody(random, random() % (2 * length)));
         pitches.push_back(pitches[3]);
         const Doubles query = melody(random, length);
+        pitches.push_back(melody(random, 255));
+        pitches.back().insert(pitches.back().end(), query.begin(), query.end());
         const int starts[] = {0, 30, 7, -1, 7, 200};
         for (const int* start : {starts, static_cast<const int*>(nullptr)})
             for (const int type : {1, 2}) {
                 std::vector<TUNE> tunes;
                 for (const Doubles& pitch : pitches)
                     tunes.push_back({pitch.data(), lengthOf(pitch), start, 6});
-                const TUNESEARCH search{0.5, 1.7, 9, type};
+                const TUNESEARCH search{0.5, 1.7, 13, type};
                 const Matches plain = plainMatches(query, tunes, search);
                 const Matches three(plain.begin(), plain.begin() + std::min<int>(3, lengthOf(plain)));
                 withEveryKernel([&](const char* kernel) {

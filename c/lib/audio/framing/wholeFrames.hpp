@@ -18,10 +18,10 @@ inline int wholeFrameNum(int waveLen, int frameSize, int overlap) {
     return frameSize < 1 ? 0 : std::max(0, cAudioFraming::getFrameNum2(waveLen, frameSize, overlap));
 }
 
-/// Frames between two questions to the host.
+/// Frames between two questions to the host; where frameSize is below 1 there are none to ask between.
 inline int framesAtATime(int frameSize) {
     constexpr int samples = 1 << 22;
-    return std::max(1, samples / frameSize);
+    return std::max(1, samples / std::max(1, frameSize));
 }
 
 /// Writes feature(frame) of each whole frame in order; frame points to frameSize samples of the waveform.

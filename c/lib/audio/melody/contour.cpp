@@ -18,7 +18,7 @@ CONTOUR pitch2contour(const double* pitch, int n, const std::vector<int>& phrase
     CONTOUR contour{{voiced.begin() + first, voiced.begin() + last + 1}, first, {}};
     for (const int begin : phrase) {
         const auto isPitch = [](double x) { return x != 0; };
-        const auto from = contour.pitch.begin() + std::clamp(begin - first, 0, last + 1 - first);
+        const auto from = contour.pitch.begin() + (std::clamp(begin, first, last + 1) - first);
         const auto sounds = std::find_if(from, contour.pitch.end(), isPitch);
         if (sounds != contour.pitch.end())
             contour.start.push_back(static_cast<int>(sounds - contour.pitch.begin()));

@@ -45,10 +45,10 @@ CONTOUR note2contour(const MELODY& melody, double frameRate);
 ///   origin  its country or composer; not looked at
 ///   key     not looked at
 ///   tempo   quarter notes a minute
-///   notes   PITCH:BEATS between blanks: a letter A to G, sharps "#" or flats "b", the octave (A4 is 69); or
-///   "r"
-///           for a rest; BEATS in quarter notes. "|" stands before the first note of each phrase.
+///   notes   PITCH:BEATS between blanks. PITCH is a letter A to G, sharps "#" or flats "b", and the octave,
+///           a whole number (A4 is 69), or "r" for a rest; BEATS are quarter notes. "|" stands before the
+///           first note of each phrase.
 ///
-/// Empty lines are passed over. A melody without "|" has one phrase, from its beginning.
-/// Fatal path A of openFile, and with what is wrong with which melody.
+/// Empty lines are passed over, and a carriage return may end a line. A melody without "|" has one phrase,
+/// from its beginning. Fatal path A of openFile, and with what is wrong with which melody.
 std::vector<MELODY> melodyRead(const char* path);

@@ -31,7 +31,8 @@ double pitchOf(const std::string& name) {
     std::size_t octave = 1;
     for (; octave < name.size() && (name[octave] == '#' || name[octave] == 'b'); ++octave)
         pitch += name[octave] == '#' ? 1 : -1;
-    return pitch + 12 * (numberIn(name.substr(octave)) + 1);
+    const double number = numberIn(name.substr(octave));
+    return number == std::floor(number) ? pitch + 12 * (number + 1) : notANumber;
 }
 
 [[noreturn]] void refuse(const char* path, const std::string& melody, const std::string& fault) {
@@ -69,6 +70,7 @@ MELODY melodyOf(const char* path, const std::vector<std::string>& fields) {
 std::vector<MELODY> melodyRead(const char* path) {
     const auto table = fileRead(path);
     std::vector<MELODY> melodies;
-    for (std::size_t i = 1; i < table.size(); ++i) melodies.push_back(melodyOf(path, table[i]));
+    for (std::size_t i = 1; i < table.size(); ++i)
+        if (table[i].front() != "\r") melodies.push_back(melodyOf(path, table[i]));
     return melodies;
 }

@@ -7,6 +7,7 @@
 #include "utility/scaling/findTune.hpp"
 
 #include "utility/fatal.hpp"
+#include "utility/interruption.hpp"
 #include "utility/rounding.hpp"
 #include "utility/scaling/kernel/placeBound.hpp"
 #include "utility/scaling/linearScaling.hpp"
@@ -24,6 +25,7 @@ using namespace wavepitch::utility;
 
 constexpr std::size_t blockSize = 8;      // values in a mean of the second bound
 constexpr std::size_t leastBlocked = 256; // values of the shortest version that has one
+constexpr int placesAtOnce = 256;         // whose bounds are formed together
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 double largestMagnitude(const double* values, int n) {
@@ -74,10 +76,12 @@ std::vector<double> blockMeansOf(const std::vector<double>& pitch) {
 /// The versions as the linear scaling with a shift makes them.
 std::vector<Version> versionsOf(const double* query, int queryLen, const TUNESEARCH& search, int longest) {
     std::vector<Version> versions;
+    LongWork work;
     for (int i = 0; i < search.resolution; ++i) {
         const double ratio = scaleRatio(search.lowerRatio, search.upperRatio, search.resolution, i);
-        Version version{{}, myRound(ratio * queryLen), {}, {}};
+        Version version{{}, std::max(myRound(ratio * queryLen), 0), {}, {}};
         if (version.length > longest) break; // no scale behind one that is too long is compared
+        work.took(static_cast<std::size_t>(version.length));
         if (version.length > 0) {
             version.pitch.resize(static_cast<std::size_t>(version.length));
             vecResample(query, queryLen, version.pitch.data(), version.length);
@@ -104,7 +108,8 @@ public:
             for (int i = 0; i < tune.startNum; ++i)
                 if (tune.start[i] >= 0 && tune.start[i] < tune.pitchLen) tryPlaces(tune, tune.start[i], 1);
         } else {
-            tryPlaces(tune, 0, tune.pitchLen);
+            for (int left = tune.pitchLen; left > 0; left -= placesAtOnce)
+                tryPlaces(tune, tune.pitchLen - left, std::min(left, placesAtOnce));
         }
         best.ratio = scaleRatio(search.lowerRatio, search.upperRatio, search.resolution, best.scale);
         return best;
@@ -125,6 +130,7 @@ private:
         const auto stride = static_cast<std::size_t>(count);
         const std::size_t versionNum = fitting(tune.pitchLen - first);
         bound.resize(std::max(bound.size(), versionNum * stride));
+        work.took(segmentNum * versionNum * stride);
         for (std::size_t i = 0; i < versionNum; ++i) {
             const int room = tune.pitchLen - first - versions[i].length + 1;
             const auto placeNum = static_cast<std::size_t>(std::min(count, room));
@@ -151,7 +157,9 @@ private:
 
     void tryPlace(const double* pitch, int position, int scale) {
         const Version& version = versions[static_cast<std::size_t>(scale)];
-        if (version.length < 1 || isBeyond(version, position)) return;
+        if (version.length < 1) return;
+        work.took(stepsOfMedian * version.pitch.size());
+        if (isBeyond(version, position)) return;
         // A sum above the best distance times the length, rounded, is no smaller distance when divided.
         const double limit = std::nextafter(best.distance * version.length, infinity);
         double offset = 0;
@@ -185,6 +193,7 @@ private:
     std::vector<double> blockMean; // of the tune
     double queryMagnitude;
     PlaceBounds boundsOf = placeBounds();
+    LongWork work;
     // of the current tune
     std::vector<double> sum;
     std::vector<double> bound;

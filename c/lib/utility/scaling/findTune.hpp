@@ -9,8 +9,7 @@
 struct TUNE {
     const double* pitch; ///< pitchLen finite values in semitones, without gaps
     int pitchLen;
-    const int*
-        start; ///< startNum positions from 0; those outside of the tune are passed over. Null: everywhere
+    const int* start; ///< startNum positions from 0, those outside are passed over. Null: everywhere
     int startNum;
 };
 
@@ -45,7 +44,7 @@ struct TUNEMATCH {
 ///
 /// Fatal path A with "Unknown distance type (line %d of %s)", before anything is looked at.
 ///
-/// Memory: the versions that are no longer than the longest tune, 8 bytes a value; with a start of null, 8
-/// bytes for each scale and position of the longest tune.
+/// Memory: the versions that are no longer than the longest tune, and the sums of one tune, 8 bytes a value;
+/// with a start of null, 2 kB for each scale.
 int findTune(const double* query, int queryLen, const TUNE* tune, int tuneNum, const TUNESEARCH& search,
              TUNEMATCH* match, int matchMax);
