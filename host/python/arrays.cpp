@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string>
 
 namespace py = pybind11;
 
@@ -37,7 +36,7 @@ mxArray characters(const std::string& text) {
 } // namespace
 
 mxArray hostArray(const py::handle& value) {
-    if (py::isinstance<py::str>(value)) return characters(value.cast<std::string>());
+    if (py::isinstance<py::bytes>(value)) return characters(value.cast<std::string>());
     if (py::isinstance<py::list>(value)) {
         const auto cells = py::reinterpret_borrow<py::list>(value);
         mxArray result{1, cells.size(), {}, mxCELL_CLASS};
@@ -53,8 +52,15 @@ mxArray hostArray(const py::handle& value) {
     return result;
 }
 
+py::str pythonText(const std::string& text) {
+    PyObject* decoded =
+        PyUnicode_DecodeUTF8(text.data(), static_cast<py::ssize_t>(text.size()), "surrogateescape");
+    if (!decoded) throw py::error_already_set();
+    return py::reinterpret_steal<py::str>(decoded);
+}
+
 py::object pythonObject(std::unique_ptr<mxArray> array) {
-    if (array->classID == mxCHAR_CLASS) return py::str(array->bytes);
+    if (array->classID == mxCHAR_CLASS) return pythonText(array->bytes);
     if (array->classID == mxSTRUCT_CLASS) {
         py::dict fields;
         for (size_t i = 0; i < array->fields.size(); ++i)

@@ -2,8 +2,10 @@
 
 import inspect
 import logging
+import operator
 import os
 import re
+import threading
 import types
 import warnings
 
@@ -39,12 +41,19 @@ def _isCells(values):
     return array.ndim > 2 or array.dtype.kind in "OSU"
 
 
-def _hostArray(value):
-    """What the module takes: a str, an aligned array of native byte order, column after column, or a list."""
+def _isOfLists(values):
+    return any(isinstance(each, (list, tuple)) for each in values)
+
+
+def _hostArray(value, isCells=False):
+    """What the module takes: bytes of a text, an aligned array of native byte order, column after column, or a list;
+    of lists always where cells are wanted."""
     if isinstance(value, (str, os.PathLike)):
-        return os.fsdecode(value)
-    if isinstance(value, (list, tuple)) and _isCells(value):
+        return os.fsdecode(value).encode("utf-8", "surrogateescape")
+    if isinstance(value, (list, tuple)) and (_isCells(value) or isCells and _isOfLists(value)):
         return [_hostArray(each) for each in value]
+    if np.ma.is_masked(value):
+        value = value.astype(float).filled(np.nan)  # what is hidden is no number
     array = np.asarray(value)
     isLong = array.dtype.kind in "iu" and array.dtype.itemsize == 8
     return np.require(array, np.float64 if isLong else array.dtype.newbyteorder("="), ["F", "A"])
@@ -74,7 +83,7 @@ class Shape:
         if like and not named:
             self.like = next((name for name in inputs if name.upper() == like[1]), inputs[0])
         self.kind = next((kind for kind in ("struct", "text") if told.startswith(kind)), "numbers")
-        if told.startswith("struct of"):
+        if told.startswith("struct of K"):
             self.dimensions = ("K",)
 
     def isMatrix(self):
@@ -109,6 +118,7 @@ class Command:
         self.shapes = {name: Shape(outputs[name.upper()], told.inputs) for name in told.outputs}
         names = re.findall(r"^  (\w+(?:, \w+)*)(?:  +\S|$)", _section(told.help, "Options[^\n]*"), re.M)
         self.options = ", ".join(names).split(", ") if names else []
+        self.cells = [name.lower() for name in re.findall(r"^  (\w+) +(?:a )?cell array", told.help, re.M)]
         matrices = [i for i, shape in enumerate(self.shapes.values()) if i > 0 and shape.isMatrix()]
         self.usual = matrices[0] if matrices else len(self.shapes)
         self.function = self._function()
@@ -131,8 +141,12 @@ class Command:
         return given + [word for pair in named.items() for word in pair]
 
     def __call__(self, given, nout):
-        wanted = min(nout, len(self.shapes) + 1)  # one too many is the library's to refuse
-        values, told = _wavepitch.call(self.name, [_hostArray(value) for value in given], wanted)
+        nout = self.usual if nout is None else operator.index(nout)
+        wanted = max(0, min(nout, len(self.shapes) + 1))  # one too many is the library's to refuse
+        inMainThread = threading.current_thread() is threading.main_thread()  # which alone handles signals
+        names = [*self.inputs, *(word for name in given[len(self.inputs)::2] for word in (None, name))]
+        values = [_hostArray(value, str(name).lower() in self.cells) for name, value in zip(names, given)]
+        values, told = _wavepitch.call(self.name, values, wanted, inMainThread)
         self._tell(told)
         inputs = dict(zip(self.inputs, given))
         values = [shape.of(value, inputs) for shape, value in zip(self.shapes.values(), values)]
@@ -140,7 +154,7 @@ class Command:
 
     def _tell(self, text):
         """Warnings of the library, at the line that called the package, and whatever else it tells."""
-        for line in filter(None, text.splitlines()):
+        for line in filter(None, re.split(r"\n|(?=Warning: )", text)):  # some end without a new line
             if line.startswith("Warning: "):
                 warnings.warn(f"{self.name}: {line[len('Warning: '):]}", stacklevel=4)
             else:

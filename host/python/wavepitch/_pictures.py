@@ -11,10 +11,15 @@ def _call(name, *values, **named):
     return commands[name].function(*values, **named)
 
 
+def _shown(values):
+    """What axes can show of values that may be huge."""
+    return np.clip(np.ravel(np.asarray(values, float)), -1e300, 1e300)
+
+
 def _drawWave(axes, wave, fs):
     """The waveform over time in seconds; integer samples keep their own scale."""
-    wave = np.ravel(np.asarray(wave, float))
-    peak = np.abs(wave).max() or np.finfo(float).eps
+    wave = _shown(wave)
+    peak = np.nanmax(np.abs(wave), initial=np.finfo(float).eps)
     axes.plot(np.arange(wave.size) / fs, wave, color=_blue, linewidth=0.8)
     axes.set(xlim=(0, wave.size / fs), ylim=(-1.05 * peak, 1.05 * peak), ylabel="Amplitude")
 
@@ -30,15 +35,15 @@ def _drawMatrix(axes, x, y, matrix, **options):
 
 def _drawSpectrogram(axes, magnitude, frequency, time):
     """Magnitudes in dB, the loudest 80 of them."""
-    dB = 20 * np.log10(np.maximum(magnitude, np.finfo(float).tiny))
+    dB = 20 * np.log10(np.clip(magnitude, np.finfo(float).tiny, np.finfo(float).max))
     top = max(dB.max(initial=-300), -300)
     axes.set(xlabel="Time (s)", ylabel="Frequency (kHz)")
     return _drawMatrix(axes, time, frequency / 1000, dB, vmin=top - 80, vmax=top)
 
 
-def _drawLevels(axes, time, curve, label, threshold=()):
-    axes.plot(time, curve, color=_blue, linewidth=1.2)
-    for level in threshold:
+def _drawLevels(axes, time, curve, label, threshold=np.empty(0)):
+    axes.plot(time, _shown(curve), color=_blue, linewidth=1.2)
+    for level in threshold[threshold < 1e300]:
         axes.axhline(level, color=_red, linestyle="--", linewidth=1.5)
     axes.set(xlabel="Time (s)", ylabel=label)
 
@@ -176,9 +181,10 @@ def plot(function, *values, figure=None, **named):
 
         wavepitch.plot("wave2f0", wave, fs, minF0=75).savefig("f0.png")
     """
-    command = commands[getattr(function, "__name__", function)]
-    if command.name not in _drawings:
-        raise ValueError(f"{command.name} has no picture; there are those of {', '.join(_drawings)}")
+    name = getattr(function, "__name__", function)
+    if name not in _drawings:
+        raise ValueError(f"{name} has no picture; there are those of {', '.join(_drawings)}")
+    command = commands[name]
     if figure is None:
         from matplotlib import pyplot
         figure = pyplot.gcf()
@@ -187,5 +193,5 @@ def plot(function, *values, figure=None, **named):
     options = {name.lower(): value for name, value in zip(pairs[::2], pairs[1::2])}
     out = command(words, len(command.shapes))
     figure.clear()
-    _drawings[command.name](figure, dict(zip(command.inputs, words)), options, out)
+    _drawings[name](figure, dict(zip(command.inputs, words)), options, out)
     return figure
