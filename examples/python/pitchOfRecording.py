@@ -20,7 +20,7 @@ wave, fs = soundfile.read(recording, always_2d=True)
 wave = wave[:, 0]
 
 # %% Its pitch, and where it is voiced
-track = wavepitch.wave2f0(wave, fs, minF0=75, maxF0=500)
+track = wavepitch.wave2f0(wave, fs, minF0=60, maxF0=400)
 voiced = track.f0 > 0
 print(f"{len(wave) / fs:.2f} s, {voiced.mean():.0%} of the frames voiced, in {len(track.segments)} segments")
 print(f"median {np.median(track.f0[voiced]):.1f} Hz, "
@@ -33,11 +33,11 @@ print(f"longest segment: {first / fs:.2f} s to {last / fs:.2f} s, "
       f"volume {wavepitch.wave2volume(excerpt, fs).volume.mean():.0f}")
 
 # %% Any class of samples gives the same bits
-same = wavepitch.wave2f0(np.int16(wave * 32768), fs, minF0=75, maxF0=500)
+same = wavepitch.wave2f0(np.int16(wave * 32768), fs, minF0=60, maxF0=400)
 print("int16 gives the same bits:", np.array_equal(track.f0, same.f0))
 
 # %% The picture
-figure = wavepitch.plot("wave2f0", wave, fs, minF0=75, maxF0=500)
+figure = wavepitch.plot("wave2f0", wave, fs, minF0=60, maxF0=400)
 figure.set_size_inches(10, 6)
 figure.axes[0].set_title("Fundamental frequency over the spectrogram")
 figure.savefig(picture, bbox_inches="tight")
