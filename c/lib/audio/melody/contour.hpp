@@ -29,7 +29,8 @@ struct MELODY {
     std::vector<int> phrase;      ///< notes that phrases begin with, from 0
 };
 
-/// Number of frames of a melody.
+/// Length of a melody in frames, rounded, at frameRate frames per second; 0 without notes. It may exceed the
+/// range of int.
 double frameNumOf(const MELODY& melody, double frameRate);
 
 /// The contour of a melody. Each note sounds from the frame nearest to its beginning up to that nearest to
@@ -37,6 +38,8 @@ double frameNumOf(const MELODY& melody, double frameRate);
 /// has one frame at least for each.)
 ///
 /// @param frameRate  frames per second; frameNumOf must not exceed the range of int.
+/// @return           an empty contour where no note sounds. A phrase that begins with no note of
+///                   the melody is std::out_of_range.
 CONTOUR note2contour(const MELODY& melody, double frameRate);
 
 /// Reads a collection of melodies: lines of five fields between tabs, the first one with their names.
