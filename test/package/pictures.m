@@ -4,6 +4,7 @@
 
 function axes = drawn (varargin)  % the axes of a picture from top to bottom, without colour bars
   clf
+  fprintf (stderr, "%s\n", strjoin (varargin(cellfun (@ischar, varargin))));  % a failure stands below the name of its picture
   feval (varargin{:});
   assert (! exist ("ans", "var"));
   axes = flipud (findobj (gcf (), "type", "axes", "tag", ""));

@@ -69,7 +69,7 @@ TEST(EpdByVol2, PairsOfFramesFromThresholdsOfTheRecording) {
     EXPECT_EQ(cAudio::epdByVol2(nullptr, 511, 0, nullptr, 0), 0);
 }
 
-TEST(VolumeThreshold, RoundedMeanInsideItsRange) {
+TEST(VolumeThreshold, IsTheRoundedMeanInsideItsRange) {
     const struct {
         int first, second, divisor, threshold;
     } cases[] = {{127, 128, 2, 128},   {127, 127, 2, 512}, {2560, 2560, 2, 2560},

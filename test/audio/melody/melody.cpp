@@ -45,10 +45,11 @@ TEST(MelodyFile, IsReadByItsFields) {
 }
 
 TEST(MelodyFile, SaysWhatIsWrongWithWhichMelody) {
-    for (const char* const line :
-         {"Up\tC\t90\tC4:1", "Up\t\tC\t0\tC4:1", "Up\t\tC\tfast\tC4:1", "Up\t\tC\t90\t",
-          "Up\t\tC\t90\tC4:1 |", "Up\t\tC\t90\tH4:1", "Up\t\tC\t90\tC:1", "Up\t\tC\t90\tC4",
-          "Up\t\tC\t90\tC4.5:1", "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"}) {
+    const char* const lines[] = {"Up\tC\t90\tC4:1",   "Up\t\tC\t0\tC4:1",    "Up\t\tC\tfast\tC4:1",
+                                 "Up\t\tC\t90\t",     "Up\t\tC\t90\tC4:1 |", "Up\t\tC\t90\tH4:1",
+                                 "Up\t\tC\t90\tC:1",  "Up\t\tC\t90\tC4",     "Up\t\tC\t90\tC4.5:1",
+                                 "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"};
+    for (const char* const line : lines) {
         SCOPED_TRACE(line);
         const std::string message = fatalMessage([&] { melodyRead(file(std::string("name\n") + line)); });
         EXPECT_NE(message.find(": melody \"Up\": "), std::string::npos) << message;
