@@ -41,11 +41,11 @@ axes = drawn ("endPoints", wave, fs, "twoThreshold");
 ends = (segments - 1) / fs;
 height = 0.84 * [-1, 1];
 assertLine (axes(1), 1, (0:numel (wave) - 1) / fs, wave);
-assertLine (axes(1), 2, ends([1, 1]), height);
-assertLine (axes(1), 3, ends([2, 2]), height);
 assertLine (axes(2), 1, time, values);
-assertLine (axes(2), 2, [0, duration], threshold([1, 1]));
-assertLine (axes(2), 3, [0, duration], threshold([2, 2]));
+for i = [1, 2]
+  assertLine (axes(1), i + 1, ends([i, i]), height);
+  assertLine (axes(2), i + 1, [0, duration], threshold([i, i]));
+end
 
 for unit = {"semitone", "hz"}
   axes = drawn ("wave2pitch", wave, fs, "unit", "Hz", "Unit", unit{1});  % the last of two counts
@@ -73,7 +73,8 @@ sounds = {  % rate of what comes out, function and arguments
   1, {"waveFilter", 1, 1, wave}
   fs, {"waveEcho", wave, fs, 0.1, 0.5}
   4000, {"waveResample", wave, fs, 4000}
-  4000, {"pitch2wave", [60, 62], 4, 4000}};
+  4000, {"pitch2wave", [60, 62], 4, 4000}
+  4000, {"note2wave", [60, 62], [1, 1], 4000}};
 for sound = sounds'
   [rate, call] = sound{:};
   out = feval (call{:});
