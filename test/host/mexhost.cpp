@@ -58,6 +58,7 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         {probe + "3", 1, "probe: 1 in", "error: probe: unexpected exception: a standard exception\n"},
         {probe + "4", 1, "probe: 1 in", "error: probe: unexpected exception of unknown type\n"},
         {probe + "5", 1, "probe: 1 in", "error: an output is not an array of its own"},
+        {probe + "0", 1, "probe: 1 in", "error: probe: output 1 was not set\n"},
         {probe + "6 --out 2", 1, "probe: 1 in", "error: probe: output 2 was not set\n"},
         {probe + written("ragged.csv", "1,2\n\n3\n"), 1, "",
          "ragged.csv, line 3: 1 numbers, the lines above have 2\n"},
