@@ -58,6 +58,7 @@ for unit = {"semitone", "hz"}
   axes = drawn ("wave2f0", wave, fs, "unit", unit{1});
   assertLine (axes(2), 1, time, withGaps (f0 / 1000));
 end
+assertLine (drawn ("wave2f0", wave, fs)(2), 1, time, withGaps (f0 / 1000));
 
 axes = drawn ("absSpectrogram", wave, fs);
 [magnitude, frequency, time] = absSpectrogram (wave, fs);
@@ -89,6 +90,7 @@ call = {"findTune", [0, 57, 60], {[50, 70, 50, 70], tune}, "frameRate", 2, "reso
 axes = drawn (call{:});
 assertLine (axes(1), 2, [1, 2], [60, 63]);
 assert (get (findobj (axes(2), "type", "text"), "string"), {"tune 1"; "tune 2"});
+assert (get (findobj (axes(2), "type", "hggroup"), "ydata")(1) < 1);
 drawn ("findTune", 0, {tune});
 for silent = {"wave2pitch", "wave2f0", "absSpectrogram"}  % nothing to draw is drawn as well
   drawn (silent{1}, [0, 0], fs);
