@@ -1,14 +1,13 @@
 // mexhost from the outside: what a user types, and what comes back on which channel.
 
+#include "running.hpp"
+
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
 namespace {
@@ -20,20 +19,10 @@ const std::string module = MEXHOST_WAVE2PFMAT " ";
 const std::string library = MEXHOST_LIBRARY " ";
 const std::string speech = WAVEPITCH_EXAMPLES "/speech8k.wav ";
 
-std::string contents(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::string written(const std::string& name, const std::string& text) {
     std::ofstream(name) << text;
     return name;
 }
-
-struct Result {
-    int status;
-    std::string out, err;
-};
 
 Result mexhost(const std::string& arguments, const std::string& environment = "") {
     const std::string command = environment + " " MEXHOST_PROGRAM " " + arguments + " >out 2>err";
@@ -84,8 +73,8 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         SCOPED_TRACE(expected.arguments);
         const Result result = mexhost(expected.arguments);
         EXPECT_EQ(result.status, expected.status);
-        EXPECT_NE(result.out.find(expected.out), std::string::npos) << result.out;
-        EXPECT_NE(result.err.find(expected.err), std::string::npos) << result.err;
+        EXPECT_TRUE(holds(result.out, expected.out)) << result.out;
+        EXPECT_TRUE(holds(result.err, expected.err)) << result.err;
         EXPECT_EQ(result.err.empty(), expected.err.empty()) << result.err;
     }
 }
@@ -145,7 +134,7 @@ TEST(Mexhost, PutsEveryValueInItsPlace) {
     for (const auto& expected : cases) {
         const std::string script = scriptOf(expected.arguments);
         for (const std::string& part : expected.script)
-            EXPECT_NE(script.find(part), std::string::npos) << expected.arguments << " without " << part;
+            EXPECT_TRUE(holds(script, part)) << expected.arguments << " without " << part;
     }
 }
 

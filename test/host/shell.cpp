@@ -1,5 +1,7 @@
 // The command wavepitch from the outside: one recording, bad ones, and a corpus.
 
+#include "running.hpp"
+
 #include <gtest/gtest.h>
 #include <sndfile.hh>
 #include <sys/wait.h>
@@ -8,28 +10,11 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Result {
-    int status;
-    std::string out, err;
-};
-
-std::string contents(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-bool holds(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
 
 /// Runs a line of bash, where $SPEECH is a recording and $EXAMPLES the folder of several.
 Result bash(const std::string& line) {
