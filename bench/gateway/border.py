@@ -1,6 +1,7 @@
 """What the border between Python and the library costs for a minute of speech at 16 kHz: the time of each call in
-Python, that of the library alone, and the difference as a share of the latter.  Medians of rounds in which the two
-take turns.  Arguments: the program libraryTimes, the recording."""
+Python, that of the library alone, and the difference as a share of the latter.  Medians of calls that take turns, the
+second of two each, as the first finds other data in the caches.  Arguments: the program libraryTimes, the
+recording."""
 
 import subprocess
 import sys
@@ -10,35 +11,38 @@ import numpy as np
 import soundfile
 import wavepitch
 
-rounds = 7
+turns = 31
 program, recording = sys.argv[1:]
 wave, fs = soundfile.read(recording, dtype="int16")
 wave = np.resize(wave, 60 * fs)
 unit = wave / 32768
 framing = {"frameSize": 512, "overlap": 256}
-calls = {"wave2pitch-acf": (5, {"pfType": "acf"}), "wave2pitch-amdf": (9, {"pfType": "amdf"}), "wave2f0": (5, {}),
-         "endPoints-volumeHod": (31, {"method": "volumeHod"}), "wave2volume": (31, framing),
-         "absSpectrogram": (15, framing)}
+calls = {"wave2pitch-acf": {"pfType": "acf"}, "wave2pitch-amdf": {"pfType": "amdf"}, "wave2f0": {},
+         "endPoints-volumeHod": {"method": "volumeHod"}, "wave2volume": framing, "absSpectrogram": framing}
+library = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1)
 
 
-def milliseconds(name, samples):
-    times, options = calls[name]
+def inLibrary(name):
+    library.stdin.write(f"{name}\n")
+    return float(library.stdout.readline())
+
+
+def inPython(name, samples):
     function = getattr(wavepitch, name.split("-")[0])
-    taken = []
-    for _ in range(times):
-        start = time.perf_counter()
-        function(samples, fs, nout=1, **options)  # what the library computes alone
-        taken.append(1000 * (time.perf_counter() - start))
-    return np.median(taken)
+    start = time.perf_counter()
+    function(samples, fs, nout=1, **calls[name])  # what the library computes alone
+    return 1000 * (time.perf_counter() - start)
 
 
-library, host = [], []
-for _ in range(rounds):
-    told = dict(line.split() for line in subprocess.check_output([program], text=True).splitlines())
-    library.append([float(told[name]) for name in calls])
-    host.append([[milliseconds(name, samples) for samples in (unit, wave)] for name in calls])
-library, host = np.median(library, axis=0), np.median(host, axis=0)
+def second(time, *arguments):
+    time(*arguments)
+    return time(*arguments)
+
+
 print(f"{'a minute at 16 kHz':20} {'library, ms':>12} {'float64, ms (border)':>24} {'int16, ms (border)':>24}")
-for name, alone, (doubles, shorts) in zip(calls, library, host):
+for name in calls:
+    times = [(second(inLibrary, name), second(inPython, name, unit), second(inPython, name, wave))
+             for _ in range(turns)]
+    alone, doubles, shorts = np.median(times, axis=0)
     print(f"{name:20} {alone:12.2f} {doubles:14.2f} ({100 * doubles / alone - 100:6.1f}%) "
           f"{shorts:14.2f} ({100 * shorts / alone - 100:6.1f}%)")

@@ -42,7 +42,10 @@ public:
     int length() const { return static_cast<int>(values.size()); }
     auto begin() const { return values.begin(); }
     auto end() const { return values.end(); }
-    std::vector<double> copy() const { return {values.begin(), values.end()}; }
+    /// Numbers that may be changed: the converted ones, or a copy of the host's.
+    std::vector<double> taken() && {
+        return own.empty() ? std::vector<double>(values.begin(), values.end()) : std::move(own);
+    }
 
 private:
     std::vector<double> own;
