@@ -1,6 +1,7 @@
 // libraryTimes: how long the library itself takes for a minute of speech at 16 kHz. For each line with the
-// name of an operation it calls that once and answers with a line, milliseconds. border.m and border.py take
-// turns with it.
+// name of an operation and the class of a host's samples it calls that operation once, on the samples that it
+// takes, and answers with a line, milliseconds. border.py takes turns with it and programs of the hosts that
+// do the same.
 #include "audio/audio.hpp"
 
 #include "support/speech.hpp"
@@ -68,11 +69,11 @@ int main() {
              cAudio::absSpectrogram(unit.data(), waveLen, frameSize, overlap, frameSize, 1, magnitude.data());
          }},
     };
-    for (std::string name; std::getline(std::cin, name);) {
+    for (std::string name, hosts; std::cin >> name >> hosts;) {
         const std::function<void()>& operation = operations.at(name);
         const auto start = std::chrono::steady_clock::now();
         operation();
         const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
-        std::cout << time.count() << std::endl; // the host waits for it
+        std::cout << time.count() << std::endl; // border.py waits for it
     }
 }
