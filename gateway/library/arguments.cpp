@@ -79,6 +79,9 @@ bool allFinite(std::span<const double> values) {
     return allWithin(values, std::numeric_limits<double>::max());
 }
 
+/// Samples that are checked and rounded while they are in the cache.
+constexpr size_t blockSize = 2048;
+
 /// Samples from -1 to 1, times fullScale, rounded as myRound does and kept below fullScale.
 template <typename T, typename Sample>
 void roundSamples(std::span<const T> samples, int fullScale, Sample* out) {
@@ -218,8 +221,8 @@ Numbers Argument::elements(const char* rule, bool (*areValid)(std::span<const do
         if (!areValid(hosts)) refuse(rule);
         return Numbers(hosts);
     }
-    std::vector<double> values(count);
-    withElements(array, [&](const auto* element) { std::copy(element, element + count, values.begin()); });
+    std::vector<double> values = withElements(
+        array, [&](const auto* element) { return std::vector<double>(element, element + count); });
     if (!areValid(values)) refuse(rule);
     return Numbers(std::move(values));
 }
@@ -251,6 +254,11 @@ void Argument::requireOneChannel() const {
 Numbers Argument::recording() const {
     requireOneChannel();
     return finiteElements(vectorRule);
+}
+
+Numbers Argument::uncheckedRecording() const {
+    requireOneChannel();
+    return elements(vectorRule, [](std::span<const double>) { return true; });
 }
 
 Numbers Argument::vector() const {
@@ -319,9 +327,12 @@ std::vector<Sample> Argument::samplesAs(int nbits) const {
     std::vector<Sample> result(count);
     const auto read = [&]<typename T>(const T* sample) {
         if constexpr (std::is_floating_point_v<T>) {
-            const std::span<const T> recording(sample, count);
-            if (!allWithin(recording, T{1})) refuseSamples();
-            roundSamples(recording, static_cast<int>(std::ldexp(1.0, nbits - 1)), result.data());
+            const int fullScale = static_cast<int>(std::ldexp(1.0, nbits - 1));
+            for (size_t at = 0; at < count; at += blockSize) {
+                const std::span<const T> block(sample + at, std::min(blockSize, count - at));
+                if (!allWithin(block, T{1})) refuseSamples();
+                roundSamples(block, fullScale, result.data() + at);
+            }
         } else {
             const double offset = std::is_signed_v<T> ? 0 : 128;
             const double scale = std::exp2(nbits - bits());
@@ -342,13 +353,7 @@ std::vector<short> Argument::shortSamples(int nbits) const {
 
 Numbers Argument::unitSamples() const {
     if (isFloating()) return recording();
-    requireSampleClass();
-    requireOneChannel();
-    std::vector<double> wave = finiteElements(vectorRule).copy();
-    const double offset = isSigned() ? 0 : 128;
-    const double scale = std::exp2(1 - bits());
-    for (double& sample : wave) sample = (sample - offset) * scale;
-    return Numbers(std::move(wave));
+    return Numbers(samplesAs<double>(1)); // full scale is 1
 }
 
 std::vector<int> Argument::ownSamples(int nbits) const {

@@ -42,7 +42,10 @@ public:
     int length() const { return static_cast<int>(values.size()); }
     auto begin() const { return values.begin(); }
     auto end() const { return values.end(); }
-    std::vector<double> copy() const { return {values.begin(), values.end()}; }
+    /// Numbers that may be changed: the converted ones, or a copy of the host's.
+    std::vector<double> taken() && {
+        return own.empty() ? std::vector<double>(values.begin(), values.end()) : std::move(own);
+    }
 
 private:
     std::vector<double> own;
@@ -102,6 +105,8 @@ public:
 
     /// A recording of one channel, which may be a row or a column, in its own scale.
     Numbers recording() const;
+    /// The same, with samples that may be infinite or not a number.
+    Numbers uncheckedRecording() const;
     /// A recording of one channel as integer samples of 8 or 16 bits. A vector of class double or single
     /// holds samples from -1 to 1, which are multiplied by 2^(nbits - 1), rounded and kept below it; one of
     /// an integer class of B bits, unsigned 8 bits around 128, holds the samples themselves, which are

@@ -113,7 +113,7 @@ Detection byVolumeAndZcr(const Recording& recording) {
 
 Detection byCharacters(const Recording& recording) {
     const int maxNum = recording.options({"maxNum"}).whole("maxNum", 100, 1, 1000000);
-    std::vector<double> wave = recording.input.unitSamples().copy();
+    std::vector<double> wave = recording.input.unitSamples().taken();
     Detection found{recording.framing(endPoint::characterFrames)};
     const int waveLen = found.framing.waveLen;
     std::vector<double> start(static_cast<size_t>(maxNum));
@@ -127,7 +127,7 @@ Detection byCharacters(const Recording& recording) {
 
 Detection bySentence(const Recording& recording) {
     recording.options({});
-    std::vector<double> wave = recording.input.unitSamples().copy();
+    std::vector<double> wave = recording.input.unitSamples().taken();
     Detection found{recording.framing(endPoint::characterFrames)};
     const int waveLen = found.framing.waveLen;
     int start = -1;
@@ -140,7 +140,7 @@ Detection bySentence(const Recording& recording) {
 
 Detection byHandset(const Recording& recording) {
     const int nbits = recording.bitDepth(recording.options({"nbits"}));
-    std::vector<double> wave = recording.input.unitSamples().copy();
+    std::vector<double> wave = recording.input.unitSamples().taken();
     Detection found{recording.framing(endPoint::handsetFrames)};
     const int waveLen = found.framing.waveLen;
     double frames[2] = {1e9, -1e9}; // where nothing is marked, the first sample comes out behind the last

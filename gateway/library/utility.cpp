@@ -68,7 +68,7 @@ void lrShiftDistCommand(Call& call) {
 
 void setCoverCommand(Call& call) {
     const Argument input = call.input(0, "SETS");
-    std::vector<double> sets = input.numbers().copy();
+    std::vector<double> sets = input.numbers().taken();
     const auto isElement = [](double x) { return x >= 0 && x <= mostInt && x == std::floor(x); };
     if (!std::all_of(sets.begin(), sets.end(), isElement))
         input.refuse("a matrix of element numbers, whole and from 1, and of zeros for no element");

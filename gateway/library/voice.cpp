@@ -100,11 +100,15 @@ void wave2f0Command(Call& call) {
     const bool inHz = !options.has("unit") || options["unit"].choice({{"semitone", 0}, {"Hz", 1}}) == 1;
     const VOICEPARAM param = readVoiceParam(call, options, fs);
     // The scale of the samples has no effect: the host's doubles and the integers' own numbers will do.
-    mxArray* array =
-        input.isFloating() ? track(call, input.recording(), param) : track(call, input.ownSamples(16), param);
+    mxArray* array = input.isFloating() ? track(call, input.uncheckedRecording(), param)
+                                        : track(call, input.ownSamples(16), param);
     const auto waveLen = static_cast<int>(input.rows() * input.columns());
     const VOICESIZES sizes = voiceSizes(waveLen, param);
     const std::span<double> f0(mxGetPr(array), static_cast<size_t>(sizes.frameNum));
+    // With a sample that is not a finite number nothing has a pitch: any other recording need not be looked
+    // through.
+    if (input.isFloating() && *std::max_element(f0.begin(), f0.end()) == 0)
+        static_cast<void>(input.recording());
     if (call.wants(1)) call.give(1, times(call, sizes.frameNum, param.frameRate));
     if (call.wants(3)) call.give(3, segmentRows(call, voicedSegments(f0, fs / param.frameRate), waveLen));
     if (call.wants(5)) call.give(5, lags(call, sizes));
