@@ -181,6 +181,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
          "overlap=999999",
          "room for 1000001000000 values is asked for, by FRAMESIZE and OVERLAP"},
         {"wavepitch wave2pv z --raw 1:s8", "room for 16000000000 values is asked for, by FS"},
+        {"wavepitch findTune 0 $EXAMPLES/tunes/tunes.tsv names=a", "NAMES must be left out, TUNES is a file"},
         {"wavepitch setCover 1,2 --columns", "chosen has no times"},
         {"wavepitch pitch2freq 69,", "wavepitch: pitch2freq: PITCH must be"},
     };
