@@ -58,7 +58,7 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         std::string line, out;
     } cases[] = {
         {"wavepitch pitch2freq 69,81 --json", "{\"frequency\":[440.0,880.0]}\n"},
-        {"wavepitch pitch2freq -3", "frequency\n0\n"},
+        {"wavepitch pitch2freq -.3", "frequency\n0\n"},
         {"wavepitch lrShiftDist -1,-2 3,2,9 --json", "{\"distance\":0.0,\"position\":1.0,\"shift\":-4.0}\n"},
         {"wavepitch ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
         {"wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
