@@ -138,7 +138,8 @@ TEST_F(Shell, PicturesShowWhatThePackageDraws) {
          "set yrange [57.799999999999997:62.200000000000003]"},
         {"findTune 0,60,64,67,72 $EXAMPLES/tunes/tunes.tsv anywhere=1 frameRate=4", "xrange [26.875:27.375]"},
         {"findTune 0,60,64,67,72 $EXAMPLES/tunes/tunes.tsv",
-         "binary record=(4)"}, // without the rest before it
+         "binary record=(4)"},                                            // without the rest before it
+        {"findTune 0,60 $EXAMPLES/tunes/tunes.tsv", "xrange [0.5:10.5]"}, // ranks
         {"findTune 0 $EXAMPLES/tunes/tunes.tsv", "1 x 0: empty"},
         {"note2pv 60,64 0.2,0.1 0.05", "set yrange [59.799999999999997:64.200000000000003]"},
     };
