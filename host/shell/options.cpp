@@ -152,13 +152,17 @@ Request requestOf(const Function& function, Options& options) {
     Request request;
     request.function = &function;
     std::vector<std::string> recordings;
+    const auto add = [&](const std::string& word) {
+        request.parameters.push_back(parameter(word));
+        if (std::string file = fileOf(word); !file.empty()) options.places.inputs.push_back(file);
+    };
     for (const std::string& word : options.words) {
         if (isParameter(word))
-            request.parameters.push_back(parameter(word));
+            add(word);
         else if (function.takesRecording())
             recordings.push_back(word);
         else if (std::string input = nextInput(function, request.parameters); !input.empty())
-            request.parameters.push_back(parameter(input.append("=").append(word)));
+            add(input.append("=").append(word));
         else
             throw std::runtime_error(function.name + ": \"" + word + "\" is one input too many");
     }
