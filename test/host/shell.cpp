@@ -79,6 +79,7 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
          "\"transposition\":[7.0]}\n"},
         {"wavepitch findTune @hum.csv:f0 tunes.tsv resolution=1 lowerRatio=1",
          "rank,distance,name,position,ratio,transposition\n2,0,\"b, c\",0.01,1,7\n1,1,a,0,1,8\n"},
+        {"wavepitch findTune 0 tunes.tsv", "rank,distance,name,position,ratio,transposition\n"},
         {"wavepitch setCover sets=@sets.csv maxSetNum=2 maxSetNum=1 --tsv", "chosen\tcoverage\n2\t0.6\n"},
         {"wavepitch wave2frames three.wav frameSize=2 overlap=1",
          "time,sample0,sample1\n0.001,0,0.5\n0.002,0.5,0.25\n"},
