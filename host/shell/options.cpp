@@ -36,7 +36,8 @@ void declareAudio(CLI::App& app, Options& options) {
     app.add_flag("--mix", options.mix, "the mean of all channels")->excludes("--channel");
     app.add_option(
            "--raw", options.raw,
-           "files without a header: Hz, and s8, u8, s16, s24, s32, f32, f64, ulaw or alaw, lowest byte first")
+           "files without a header: Hz, and s8, u8, s16, s24, s32, f32, f64, ulaw or alaw, lowest byte "
+           "first; those with one are read by it")
         ->type_name("RATE:FORMAT");
     app.add_flag("-r,--recursive", options.places.recursive, "folders stand for the recordings in them");
     app.add_flag("-0,--null", options.places.endsWithZero,

@@ -106,8 +106,9 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
          "silence.wav,1\n"},
         {"printf 'silence.wav\\0three.wav' | wavepitch isWaveSilence -0 - 2>&-",
          "file,silent\nsilence.wav,1\nthree.wav,0\n"},
-        {"mkdir raw; head -c 999 /dev/zero >raw/x.PCM; wavepitch isWaveSilence -r raw --raw 8000:s8",
-         "silent\n1\n"},
+        {"mkdir raw; cp silence.wav raw; head -c 999 /dev/zero >raw/x.PCM; "
+         "wavepitch isWaveSilence -r raw --raw 8000:s8 2>&-",
+         "file,silent\nraw/silence.wav,1\nraw/x.PCM,1\n"},
         {"wavepitch wave2zcr ../shellFiles/three.wav frameSize=3 overlap=0 --out-dir to; cat "
          "to/shellFiles/three.csv",
          "time,zcr\n0.0015,0\n"},
