@@ -1,5 +1,6 @@
 #include "audio/failure.hpp"
 #include "audio/melody/contour.hpp"
+#include "utility/classicLocale.hpp"
 #include "utility/fatal.hpp"
 #include "utility/file/lines.hpp"
 #include "utility/string/token.hpp"
@@ -74,6 +75,7 @@ bool areNames(const std::vector<std::string>& fields) {
 } // namespace
 
 std::vector<MELODY> melodyRead(const char* path) {
+    const wavepitch::utility::ClassicLocale locale;
     auto table = fileRead(path);
     std::erase_if(table, [](const auto& fields) { return fields.front() == "\r"; });
     std::vector<MELODY> melodies;
