@@ -14,6 +14,7 @@
 #include <random>
 #include <stdexcept>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,6 +44,12 @@ bool isIgnored(int signal) {
     struct sigaction action {};
     sigaction(signal, nullptr, &action);
     return action.sa_handler == SIG_IGN;
+}
+
+/// Has this process killed when its parent dies, of whatever it be: nobody would end it any more.
+void endWith(pid_t parent) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(1);
 }
 
 /// The signals that end a program, and the end of a child. While it exists they wait to be asked for.
@@ -139,11 +146,13 @@ private:
     void start(size_t job) {
         Child child{job, scratchFile(), scratchFile()};
         const std::string itsMark = mark(job);
+        const pid_t parent = getpid();
         std::fflush(nullptr);
         const pid_t pid = fork();
         if (pid < 0) throw std::runtime_error(std::string("no process: ") + std::strerror(errno));
         if (pid == 0) {
             children.clear(); // their files are the parent's to read
+            endWith(parent);
             _exit(runJob(child, itsMark));
         }
         setpgid(pid, pid); // a picture's program ends with its job
