@@ -1,5 +1,7 @@
 #include "gnuplot.hpp"
 
+#include "utility/classicLocale.hpp"
+
 #include <cctype>
 #include <csignal>
 #include <cstdarg>
@@ -12,6 +14,7 @@ Gnuplot::Gnuplot() {
 }
 
 void Gnuplot::line(const char* format, ...) {
+    const wavepitch::utility::ClassicLocale locale; // gnuplot reads numbers with a point
     std::va_list args;
     va_start(args, format);
     std::vfprintf(pipe.get(), format, args);

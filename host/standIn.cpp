@@ -1,5 +1,7 @@
 #include "standIn.hpp"
 
+#include "utility/classicLocale.hpp"
+
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
@@ -133,6 +135,7 @@ const char* mexFunctionName() {
 }
 
 int mexPrintf(const char* format, ...) {
+    const wavepitch::utility::ClassicLocale locale;
     std::va_list args;
     va_start(args, format);
     std::va_list again;

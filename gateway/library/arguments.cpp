@@ -1,8 +1,10 @@
 #include "arguments.hpp"
 
+#include "utility/string/case.hpp"
+
 #include <algorithm>
 #include <bit>
-#include <cctype>
+#include <charconv>
 #include <cmath>
 #include <concepts>
 #include <cstdint>
@@ -96,14 +98,13 @@ void roundSamples(std::span<const T> samples, int fullScale, Sample* out) {
 } // namespace
 
 std::string upperCase(std::string text) {
-    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    stringToUpperCase(text);
     return text;
 }
 
 std::string textOf(double value) {
     char text[32];
-    std::snprintf(text, sizeof text, "%.15g", value);
-    return text;
+    return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr};
 }
 
 void refuse(const std::string& command, const std::string& rule) {

@@ -10,12 +10,30 @@
 #include <algorithm>
 #include <chrono>
 #include <pybind11/stl.h>
+#include <utility>
 
 namespace py = pybind11;
 
 namespace {
 
-thread_local std::string printed; // what the library has told the console during the call
+/// What the library tells the console during a call; one that a signal's handler makes within has its own.
+class Printed {
+public:
+    Printed() : outer(std::exchange(current, this)) {
+        standIn::setConsole([](std::string_view more) { current->text += more; });
+    }
+    ~Printed() { current = outer; }
+    Printed(const Printed&) = delete;
+    Printed& operator=(const Printed&) = delete;
+
+    std::string text;
+
+private:
+    static thread_local Printed* current;
+    Printed* outer;
+};
+
+thread_local Printed* Printed::current = nullptr;
 
 /// Whether an array, or one of its cells, is of a class that no function takes.
 bool isForeign(const mxArray& array) {
@@ -54,8 +72,7 @@ py::tuple call(const std::string& command, const py::list& values, int outputCou
     std::vector<mxArray> inputs = {hostArray(py::bytes(command))};
     for (const py::handle value : values) inputs.push_back(hostArray(value));
     std::vector<std::unique_ptr<mxArray>> outputs;
-    printed.clear();
-    standIn::setConsole([](std::string_view text) { printed += text; });
+    const Printed printed;
     try {
         const wavepitch::utility::Interruptible interruptible(inMainThread ? askPython : nullptr);
         const py::gil_scoped_release others;
@@ -67,7 +84,7 @@ py::tuple call(const std::string& command, const py::list& values, int outputCou
     }
     py::list results;
     for (auto& output : outputs) results.append(pythonObject(std::move(output)));
-    return py::make_tuple(results, pythonText(printed));
+    return py::make_tuple(results, pythonText(printed.text));
 }
 
 } // namespace

@@ -5,10 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <regex>
+#include <set>
 #include <sndfile.hh>
 #include <stdexcept>
+#include <strings.h>
 #include <utility>
 #include <vector>
 
@@ -29,10 +32,12 @@ bool hasLostItsEnd(SndfileHandle& file) {
     return claimed < unknownLength && claimed > std::stoll(found[2]);
 }
 
-/// Whether a header's number of frames is to be met. MP3 files tell theirs by estimate.
+/// Whether a header's number of frames is to be met. MP3 files tell theirs by estimate; without a header
+/// there is none.
 bool tellsItsLength(const SndfileHandle& file) {
     constexpr int mpeg = 0x230000;
-    return (file.format() & SF_FORMAT_TYPEMASK) != mpeg && file.frames() < SF_COUNT_MAX;
+    const int type = file.format() & SF_FORMAT_TYPEMASK;
+    return type != mpeg && type != SF_FORMAT_RAW && file.frames() < SF_COUNT_MAX;
 }
 
 [[noreturn]] void refuse(const std::string& reason) {
@@ -49,8 +54,21 @@ void refuseWhatIsNoFile(const std::string& path) {
         refuse("is empty");
 }
 
+/// Whether a file begins as those with a header do. MP3 is told by its name: its first bytes may be those of
+/// quiet samples. A pipe is not asked: what is read of it is gone.
+bool hasHeader(const std::string& path) {
+    static const std::set<std::string> beginnings = {"RIFF", "RIFX", "RF64", "riff", "FORM", ".snd",
+                                                     "fLaC", "OggS", "caff", "NIST", "Crea"};
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(path, unknown)) return false;
+    std::array<char, 4> first{};
+    std::ifstream(path, std::ios::binary).read(first.data(), first.size());
+    const std::string extension = std::filesystem::path(path).extension();
+    return beginnings.contains({first.begin(), first.end()}) || strcasecmp(extension.c_str(), ".mp3") == 0;
+}
+
 SndfileHandle opened(const std::string& path, const RawFormat& raw) {
-    if (raw.rate == 0) return SndfileHandle(path);
+    if (raw.rate == 0 || hasHeader(path)) return SndfileHandle(path);
     return {path, SFM_READ, SF_FORMAT_RAW | raw.format | SF_ENDIAN_LITTLE, 1, raw.rate};
 }
 

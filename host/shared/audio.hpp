@@ -30,6 +30,7 @@ using Mixer = std::function<void(std::vector<double>& frames, size_t channels)>;
 ///
 /// Memory: 8 bytes for each sample that is handed out, twice as many for several channels without a mixer.
 ///
+/// @param raw    of a file that does not begin as those with a header do.
 /// @param mixer  makes one channel of each block that is read; without, all channels are handed out.
 Recording readRecording(const std::string& path, const RawFormat& raw = {}, const Mixer& mixer = {});
 

@@ -1,19 +1,18 @@
 #include "corpus.hpp"
 
-#include "drawing.hpp"
 #include "file.hpp"
+#include "jobProcess.hpp"
 #include "progress.hpp"
+#include "signals.hpp"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <map>
-#include <memory>
-#include <new>
 #include <random>
 #include <stdexcept>
-#include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,59 +20,15 @@ namespace shell {
 
 namespace {
 
-using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-/// A file in memory, which no full disk concerns.
-File scratchFile() {
-    const int descriptor = memfd_create("wavepitch", 0);
-    File file(descriptor < 0 ? nullptr : fdopen(descriptor, "w+"), std::fclose);
-    if (!file) throw std::runtime_error(std::string("no scratch file: ") + std::strerror(errno));
-    return file;
+/// Has this process killed when its parent dies, of whatever it be: nobody would end it any more.
+void endWith(pid_t parent) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(1);
 }
 
-std::string contentsOf(std::FILE* file) {
-    std::string text;
-    char block[1 << 14];
-    std::rewind(file);
-    for (size_t count; (count = std::fread(block, 1, sizeof block, file)) > 0;) text.append(block, count);
-    return text;
-}
-
-bool isIgnored(int signal) {
-    struct sigaction action {};
-    sigaction(signal, nullptr, &action);
-    return action.sa_handler == SIG_IGN;
-}
-
-/// The signals that end a program, and the end of a child. While it exists they wait to be asked for.
-class Signals {
-public:
-    Signals() {
-        sigemptyset(&set);
-        for (const int signal : {SIGINT, SIGTERM, SIGCHLD}) sigaddset(&set, signal);
-        if (!isIgnored(SIGHUP)) sigaddset(&set, SIGHUP); // nohup has it ignored
-        sigprocmask(SIG_BLOCK, &set, &before);
-    }
-    ~Signals() { restore(); }
-    Signals(const Signals&) = delete;
-    Signals& operator=(const Signals&) = delete;
-
-    void restore() const { sigprocmask(SIG_SETMASK, &before, nullptr); }
-    int next() const {
-        const int signal = sigwaitinfo(&set, nullptr);
-        return signal < 0 ? SIGCHLD : signal; // woken by one that is not waited for
-    }
-
-private:
-    sigset_t set{};
-    sigset_t before{};
-};
-
-/// A job's process, what it says and what it hands over.
 struct Child {
     size_t job;
-    File report;
-    File result;
+    Answer answer;
 };
 
 /// How the jobs went.
@@ -137,59 +92,22 @@ private:
     }
 
     void start(size_t job) {
-        Child child{job, scratchFile(), scratchFile()};
+        Child child{job, emptyAnswer()};
         const std::string itsMark = mark(job);
+        const pid_t parent = getpid();
         std::fflush(nullptr);
         const pid_t pid = fork();
         if (pid < 0) throw std::runtime_error(std::string("no process: ") + std::strerror(errno));
         if (pid == 0) {
             children.clear(); // their files are the parent's to read
-            _exit(runJob(child, itsMark));
+            endWith(parent);
+            setpgid(0, 0);
+            signals.restore();
+            _exit(runJob(request, jobs[job], jobs.size() > 1 ? jobs[job].recording : "", itsMark,
+                         child.answer));
         }
         setpgid(pid, pid); // a picture's program ends with its job
         children.emplace(pid, std::move(child));
-    }
-
-    /// In the process of the job, with its console in the report.
-    int runJob(const Child& child, const std::string& itsMark) const {
-        setpgid(0, 0);
-        signals.restore();
-        dup2(fileno(child.report.get()), STDOUT_FILENO);
-        dup2(fileno(child.report.get()), STDERR_FILENO);
-        int status = 1;
-        try {
-            doJob(jobs[child.job], itsMark, child.result.get());
-            status = 0;
-        } catch (const std::bad_alloc&) {
-            std::puts("there is not enough memory");
-        } catch (const std::exception& error) {
-            std::puts(inOneLine(error.what()).c_str());
-        }
-        std::fflush(nullptr);
-        return status;
-    }
-
-    static void handOver(const std::string& text, std::FILE* result) {
-        if (std::fputs(text.c_str(), result) < 0 || std::fflush(result) != 0)
-            throw std::runtime_error(std::string("scratch file: ") + std::strerror(errno));
-    }
-
-    void doJob(const Job& job, const std::string& itsMark, std::FILE* result) const {
-        const Analysis analysis = analyse(request, job.recording);
-        if (request.format == Format::wav)
-            writeWhole(job.table, itsMark,
-                       [&](const std::string& path) { writeSound(request, analysis, path); });
-        else if (writesToOutput(job))
-            handOver(textOf(request, analysis, jobs.size() > 1 ? job.recording : ""), result);
-        else
-            writeWhole(job.table, itsMark,
-                       [&](const std::string& path) { writeContents(path, textOf(request, analysis, "")); });
-        if (job.picture.empty()) return;
-        std::string title = request.function->name;
-        if (!job.recording.empty())
-            title += " (" + std::filesystem::path(job.recording).filename().string() + ")";
-        writeWhole(job.picture, itsMark,
-                   [&](const std::string& path) { draw(request, analysis, title, path); });
     }
 
     /// All children that have ended.
@@ -204,7 +122,7 @@ private:
     }
 
     void finish(const Child& child, int status) {
-        const std::string report = contentsOf(child.report.get());
+        const std::string report = contentsOf(child.answer.report);
         if (WIFSIGNALED(status)) {
             removeParts(child.job);
             return refused(child.job,
@@ -215,7 +133,7 @@ private:
         ++tally.done;
         if (jobs.size() > 1 && !writesToOutput(jobs[child.job]) && !progress.isBar())
             progress.say(inOneLine(jobs[child.job].table));
-        through(child.job, contentsOf(child.result.get()));
+        through(child.job, contentsOf(child.answer.result));
     }
 
     static std::string lastLine(std::string report) {

@@ -75,24 +75,39 @@ void place(Job& job, const Places& places) {
     if (places.pictures) job.picture = path.replace_extension(".png");
 }
 
-/// A file's name for comparisons: a/./b and a//b are a/b.
+/// A file's name for comparisons: without links and steps, from the root.
 std::string plainName(const std::string& file) {
-    return fs::path(file).lexically_normal();
+    std::error_code unknown;
+    const fs::path name = fs::weakly_canonical(fs::absolute(file, unknown), unknown);
+    return unknown ? file : name.string();
 }
 
-/// What two jobs would write, or a job twice, or over a recording.
-void refuseSameFiles(std::vector<Job>& jobs) {
+/// Devices and pipes may be written by several, and keep nothing.
+bool isFileToKeep(const std::string& file) {
+    std::error_code unknown;
+    return !file.empty() && (fs::is_regular_file(file, unknown) || !fs::exists(file, unknown));
+}
+
+/// What two jobs would write, or a job twice, or over what is read.
+void refuseSameFiles(std::vector<Job>& jobs, const std::vector<std::string>& inputs) {
     std::set<std::string> recordings;
+    std::set<std::string> otherInputs;
     for (const Job& job : jobs) recordings.insert(plainName(job.recording));
+    for (const std::string& input : inputs) otherInputs.insert(plainName(input));
     std::map<std::string, const Job*> writers;
     for (Job& job : jobs) {
         if (!job.refusal.empty()) continue;
         for (const std::string& file : {job.table, job.picture}) {
             std::error_code unknown;
-            if (file.empty()) continue;
-            const auto [writer, isFirst] = writers.emplace(plainName(file), &job);
-            if (!isFirst) job.refusal = "would write " + file + ", as " + writer->second->recording + " does";
-            if (recordings.contains(plainName(file))) job.refusal = "would write over the recording " + file;
+            if (!isFileToKeep(file)) continue;
+            const std::string name = plainName(file);
+            const auto [writer, isFirst] = writers.emplace(name, &job);
+            if (writer->second != &job)
+                job.refusal = "would write " + file + ", as " + writer->second->recording + " does";
+            else if (!isFirst)
+                job.refusal = "would write " + file + " twice, as table and as picture";
+            if (otherInputs.contains(name)) job.refusal = "would write over the input " + file;
+            if (recordings.contains(name)) job.refusal = "would write over the recording " + file;
             if (fs::equivalent(file, job.recording, unknown)) job.refusal = "would be overwritten";
         }
     }
@@ -117,8 +132,9 @@ std::vector<Job> jobsOf(const std::vector<std::string>& words, const Places& pla
         const auto more = jobsOfName(name, places);
         jobs.insert(jobs.end(), more.begin(), more.end());
     }
+    if (words.empty()) jobs.emplace_back();
     for (Job& job : jobs) place(job, places);
-    refuseSameFiles(jobs);
+    refuseSameFiles(jobs, places.inputs);
     return jobs;
 }
 

@@ -22,11 +22,14 @@ struct Places {
     std::string extension;     // of results
     std::string picture;       // for one recording
     bool pictures = false;     // a .png beside each table
+
+    std::vector<std::string> inputs; // files that are read besides the recordings
 };
 
 /// The jobs of recordings, in order; "-" stands for the names on standard input, a folder for the recordings
-/// in it, at any depth and in the order of their names. A name that stands for nothing is a job with a
-/// refusal, as is the second of two that would write the same file.
+/// in it, at any depth and in the order of their names; without words, the one job of a function that takes
+/// no recording. A name that stands for nothing is a job with a refusal, as is one that would write the same
+/// file twice, or over what is read, and the second of two that would write the same file.
 std::vector<Job> jobsOf(const std::vector<std::string>& words, const Places& places);
 
 /// Whether all that a job writes is there and newer than its recording.

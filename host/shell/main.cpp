@@ -56,9 +56,7 @@ int run(CLI::App& app, Options& options) {
     }
     const Function& called = function(chosen.front()->get_name());
     const Request request = requestOf(called, options);
-    std::vector<Job> jobs = {{"", options.places.file, options.places.picture, ""}};
-    if (called.takesRecording()) jobs = jobsOf(options.words, options.places);
-    return work(request, jobs, options.course);
+    return work(request, jobsOf(options.words, options.places), options.course);
 }
 
 } // namespace

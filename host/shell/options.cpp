@@ -36,7 +36,8 @@ void declareAudio(CLI::App& app, Options& options) {
     app.add_flag("--mix", options.mix, "the mean of all channels")->excludes("--channel");
     app.add_option(
            "--raw", options.raw,
-           "files without a header: Hz, and s8, u8, s16, s24, s32, f32, f64, ulaw or alaw, lowest byte first")
+           "files without a header: Hz, and s8, u8, s16, s24, s32, f32, f64, ulaw or alaw, lowest byte "
+           "first; those with one are read by it")
         ->type_name("RATE:FORMAT");
     app.add_flag("-r,--recursive", options.places.recursive, "folders stand for the recordings in them");
     app.add_flag("-0,--null", options.places.endsWithZero,
@@ -152,13 +153,17 @@ Request requestOf(const Function& function, Options& options) {
     Request request;
     request.function = &function;
     std::vector<std::string> recordings;
+    const auto add = [&](const std::string& word) {
+        request.parameters.push_back(parameter(word));
+        if (std::string file = fileOf(word); !file.empty()) options.places.inputs.push_back(file);
+    };
     for (const std::string& word : options.words) {
         if (isParameter(word))
-            request.parameters.push_back(parameter(word));
+            add(word);
         else if (function.takesRecording())
             recordings.push_back(word);
         else if (std::string input = nextInput(function, request.parameters); !input.empty())
-            request.parameters.push_back(parameter(input.append("=").append(word)));
+            add(input.append("=").append(word));
         else
             throw std::runtime_error(function.name + ": \"" + word + "\" is one input too many");
     }

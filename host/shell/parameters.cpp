@@ -32,11 +32,21 @@ bool readList(const std::string& text, std::vector<double>& values) {
     return !values.empty() && text.back() != ',';
 }
 
+/// Where the file's name ends in FILE and FILE:NAME.
+size_t endOfFile(const std::string& place) {
+    std::error_code unknown;
+    return std::filesystem::exists(place, unknown) ? std::string::npos : place.rfind(':');
+}
+
 /// The table in a file, or FILE:NAME, a column of it.
 mxArray tableIn(const std::string& place) {
-    const size_t colon = place.rfind(':');
-    if (colon == std::string::npos || std::filesystem::exists(place)) return readTable(place);
-    return readColumn(place.substr(0, colon), place.substr(colon + 1));
+    const size_t end = endOfFile(place);
+    if (end == std::string::npos) return readTable(place);
+    return readColumn(place.substr(0, end), place.substr(end + 1));
+}
+
+bool isFileName(const std::string& input) {
+    return sameName(input, "tunes") || sameName(input, "paramFile");
 }
 
 mxArray arrayOf(const std::string& value) {
@@ -70,6 +80,13 @@ bool isParameter(const std::string& word) {
 std::pair<std::string, mxArray> parameter(const std::string& word) {
     const size_t equals = word.find('=');
     return {word.substr(0, equals), arrayOf(word.substr(equals + 1))};
+}
+
+std::string fileOf(const std::string& word) {
+    const size_t equals = word.find('=');
+    const std::string value = word.substr(equals + 1);
+    if (value.starts_with('@')) return value.substr(1, endOfFile(value.substr(1)));
+    return isFileName(word.substr(0, equals)) ? value : "";
 }
 
 const mxArray* find(const Parameters& parameters, const std::string& name) {

@@ -21,6 +21,9 @@ bool isParameter(const std::string& word);
 /// characters. An unreadable table is a std::runtime_error.
 std::pair<std::string, mxArray> parameter(const std::string& word);
 
+/// The file that such a word has read: of @FILE, or one that the function takes by its name; "" for none.
+std::string fileOf(const std::string& word);
+
 /// The value of a parameter by its name in any case, the last of several; null if there is none.
 const mxArray* find(const Parameters& parameters, const std::string& name);
 

@@ -52,11 +52,12 @@ Column columnOf(const std::string& name, const mxArray& array, bool isSingle) {
     return column;
 }
 
-/// The fields of a struct; cell arrays of anything but texts have no place in a table.
+/// The fields of a struct, but for curves, which have no place in a table. Their name tells them, which an
+/// empty cell array has, too: tables have the same columns whether anything is found or not.
 void addFields(Table& table, const mxArray& record, bool areSingle) {
     for (size_t i = 0; i < record.fields.size(); ++i) {
         const mxArray& field = record.fields[i];
-        if (!std::all_of(field.fields.begin(), field.fields.end(), isText)) continue;
+        if (record.fieldNames[i] == "contour") continue;
         table.push_back(
             columnOf(record.fieldNames[i], field, areSingle && (field.data.size() == 1 || isText(field))));
     }

@@ -13,9 +13,9 @@
 %              "semitone" and wave2pitch give them.
 %   TUNES      a cell array of tunes, each of them a row or column as QUERY, with the same frames, or an N x 2
 %              matrix of N > 1 notes: semitones, 0 for a rest, and seconds.  Or the name of a file of tunes:
-%              after a first line of names, lines of five fields between tabs: name, origin, key, tempo (quarter
-%              notes a minute) and notes; these are PITCH:BEATS between blanks, C4:1, F#4:0.5, Bb3:2, r:1 for a
-%              rest, with "|" before the first note of each phrase.
+%              lines of five fields between tabs, which a line of their names may precede: name, origin, key,
+%              tempo (quarter notes a minute) and notes; these are PITCH:BEATS between blanks, C4:1, F#4:0.5,
+%              Bb3:2, r:1 for a rest, with "|" before the first note of each phrase.
 %
 % Options, in any case
 %   frameRate  frames per second of QUERY and TUNES, 0.001 to 1000000; default 100, that of wave2f0.

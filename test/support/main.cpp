@@ -2,12 +2,14 @@
 // the program: programs that run at the same time share no file, and none stays behind.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    if (const char* const locale = std::getenv("TEST_LOCALE")) std::setlocale(LC_ALL, locale);
     std::string directory = std::filesystem::temp_directory_path() / "wavepitch-XXXXXX";
     if (!mkdtemp(directory.data())) return EXIT_FAILURE;
     setenv("TEST_TMPDIR", directory.c_str(), 1);

@@ -51,8 +51,10 @@ TEST(MelodyFile, SaysWhatIsWrongWithWhichMelody) {
                                  "Up\t\tC\t90\tC4.5:1", "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"};
     for (const char* const line : lines) {
         SCOPED_TRACE(line);
-        const std::string message = fatalMessage([&] { melodyRead(file(std::string("name\n") + line)); });
-        EXPECT_NE(message.find(": melody \"Up\": "), std::string::npos) << message;
+        for (const char* const names : {"name\n", ""}) {
+            const std::string message = fatalMessage([&] { melodyRead(file(std::string(names) + line)); });
+            EXPECT_NE(message.find(": melody \"Up\": "), std::string::npos) << message;
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 #include "audio/endPoint/detectors.hpp"
 #include "audio/endPoint/endPoint.hpp"
 #include "audio/failure.hpp"
+#include "utility/classicLocale.hpp"
 #include "utility/fatal.hpp"
 #include "utility/file/lines.hpp"
 
@@ -35,6 +36,7 @@ void cAudioEndPoint::volCheckPrmRead(const char* fileName, VOL_CHECK_PRM* prm) {
     }
     std::vector<std::string> keys;
     std::vector<std::string> values;
+    const wavepitch::utility::ClassicLocale locale;
     keyValuePairRead(fileName, keys, values);
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const auto* field = std::find_if(std::begin(fields), std::end(fields),

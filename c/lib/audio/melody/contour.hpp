@@ -42,7 +42,8 @@ double frameNumOf(const MELODY& melody, double frameRate);
 ///                   the melody is std::out_of_range.
 CONTOUR note2contour(const MELODY& melody, double frameRate);
 
-/// Reads a collection of melodies: lines of five fields between tabs, the first one with their names.
+/// Reads a collection of melodies: lines of five fields between tabs. The first one may have their names: it
+/// has no number as tempo, and no ":" in its last field.
 ///
 ///   name    of the melody
 ///   origin  its country or composer; not looked at

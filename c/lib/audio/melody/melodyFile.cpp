@@ -1,5 +1,6 @@
 #include "audio/failure.hpp"
 #include "audio/melody/contour.hpp"
+#include "utility/classicLocale.hpp"
 #include "utility/fatal.hpp"
 #include "utility/file/lines.hpp"
 #include "utility/string/token.hpp"
@@ -65,12 +66,20 @@ MELODY melodyOf(const char* path, const std::vector<std::string>& fields) {
     return melody;
 }
 
+/// Whether a first line has the names of the fields: no number where melodies have their tempo, and no note.
+bool areNames(const std::vector<std::string>& fields) {
+    const bool hasTempo = fields.size() > tempoField && !std::isnan(numberIn(fields[tempoField]));
+    return !hasTempo && fields.back().find(':') == std::string::npos;
+}
+
 } // namespace
 
 std::vector<MELODY> melodyRead(const char* path) {
-    const auto table = fileRead(path);
+    const wavepitch::utility::ClassicLocale locale;
+    auto table = fileRead(path);
+    std::erase_if(table, [](const auto& fields) { return fields.front() == "\r"; });
     std::vector<MELODY> melodies;
-    for (std::size_t i = 1; i < table.size(); ++i)
-        if (table[i].front() != "\r") melodies.push_back(melodyOf(path, table[i]));
+    for (const auto& fields : table)
+        if (&fields != &table.front() || !areNames(fields)) melodies.push_back(melodyOf(path, fields));
     return melodies;
 }

@@ -1,6 +1,7 @@
 #include "audio/pitchTracking/paramFile.hpp"
 
 #include "audio/failure.hpp"
+#include "utility/classicLocale.hpp"
 #include "utility/fatal.hpp"
 #include "utility/file/file.hpp"
 #include "utility/file/lines.hpp"
@@ -16,6 +17,8 @@
 #include <vector>
 
 namespace {
+
+using wavepitch::utility::ClassicLocale;
 
 int integerIn(const char* text) {
     return clampToInt(std::strtol(text, nullptr, 10));
@@ -89,6 +92,7 @@ void printLine(const char* name, Value value, int line) {
 } // namespace
 
 void cAudioPitchParamFile::ptParamRead(const char* fileName, PTPARAM* ptParam) {
+    const ClassicLocale locale;
     std::vector<std::string> keys;
     std::vector<std::string> values;
     keyValuePairRead(fileName, keys, values);
@@ -103,6 +107,7 @@ void cAudioPitchParamFile::ptParamRead(const char* fileName, PTPARAM* ptParam) {
 }
 
 void cAudioPitchParamFile::ptParamWrite(const PTPARAM* ptParam, const char* fileName) {
+    const ClassicLocale locale;
     const FileHandle file(openFile(fileName, "w"));
     const auto write = [&](const char* key, auto value) { writeLine(file.get(), key, value); };
     write("fs", ptParam->fs);

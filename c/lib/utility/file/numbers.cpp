@@ -1,5 +1,6 @@
 #include "utility/file/numbers.hpp"
 
+#include "utility/classicLocale.hpp"
 #include "utility/fatal.hpp"
 #include "utility/file/file.hpp"
 #include "utility/fileHandle.hpp"
@@ -14,6 +15,8 @@
 #include <string_view>
 
 namespace {
+
+using wavepitch::utility::ClassicLocale;
 
 /// Reads the next number and the white space before it, as fscanf does with "%d", "%f" and "%lf". False if
 /// there is none: value is unchanged, and the stream stands at the character that is part of no number
@@ -45,6 +48,7 @@ bool scanNumber(std::FILE* file, double& value) {
 
 template <typename T>
 void readNumbers(const char* path, std::vector<T>& values) {
+    const ClassicLocale locale;
     const FileHandle file(openFile(path, "r"));
     values.clear();
     for (T value{}; scanNumber(file.get(), value);) values.push_back(value);
@@ -54,6 +58,7 @@ void readNumbers(const char* path, std::vector<T>& values) {
 
 void fileWrite(const char* path, double value) {
     const FileHandle file(openFile(path, "w"));
+    const ClassicLocale locale;
     std::fprintf(file.get(), "%g\n", value);
 }
 
@@ -63,6 +68,7 @@ void fileWrite(const char* path, float value) {
 
 void logVar(double value, const char* path) {
     const FileHandle file(openFile(path, "a"));
+    const ClassicLocale locale;
     std::fprintf(file.get(), "%f\n", value);
 }
 
@@ -108,6 +114,7 @@ void readBinTable(const char* path, T* array, int n) {
 
 template <typename T>
 void readTxtTable(const char* path, T* array, int n) {
+    const ClassicLocale locale;
     const FileHandle file(openFile(path, "r"));
     std::FILE* stream = file.get();
     for (int i = 0; i < n && !std::feof(stream) && !std::ferror(stream); ++i) scanNumber(stream, array[i]);

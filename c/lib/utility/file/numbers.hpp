@@ -1,5 +1,5 @@
 // Files of numbers: one value, one value on each line, one line of values, tables; and logs to which values
-// are appended.
+// are appended. As text, numbers are those of the C locale, whatever the host's is.
 #pragma once
 
 #include <fstream>

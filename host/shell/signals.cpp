@@ -1,0 +1,33 @@
+#include "signals.hpp"
+
+#include <initializer_list>
+
+namespace shell {
+
+namespace {
+
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    sigaction(signal, nullptr, &action);
+    return action.sa_handler == SIG_IGN;
+}
+
+} // namespace
+
+Signals::Signals() {
+    sigemptyset(&set);
+    for (const int signal : {SIGINT, SIGTERM, SIGCHLD}) sigaddset(&set, signal);
+    if (!isIgnored(SIGHUP)) sigaddset(&set, SIGHUP);
+    sigprocmask(SIG_BLOCK, &set, &before);
+}
+
+void Signals::restore() const {
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+}
+
+int Signals::next() const {
+    const int signal = sigwaitinfo(&set, nullptr);
+    return signal < 0 ? SIGCHLD : signal; // woken by one that is not waited for
+}
+
+} // namespace shell
