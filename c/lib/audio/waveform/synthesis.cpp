@@ -46,8 +46,14 @@ struct Tones {
     }
 };
 
+/// A period may fill minutes, where the rate is high and the pitch is low.
 void writePeriod(int period, double* wave) {
-    for (int j = 0; j < period; ++j) wave[j] = 0.8 * std::sin((twoPi / period) * j);
+    constexpr int atATime = 1 << 20;
+    for (int first = 0, last = 0; first < period; first = last) {
+        last = first + std::min(atATime, period - first);
+        for (int j = first; j < last; ++j) wave[j] = 0.8 * std::sin((twoPi / period) * j);
+        if (last < period) wavepitch::utility::askForInterruption();
+    }
 }
 
 void synthesise(const Tones& tones, double* wave, int waveLen) {

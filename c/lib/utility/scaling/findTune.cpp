@@ -118,7 +118,10 @@ public:
 private:
     /// Running sums, and the margin.
     void prepare(const TUNE& tune) {
+        const auto valueNum = static_cast<std::size_t>(std::max(tune.pitchLen, 0));
+        work.took(valueNum);
         sum.assign(1, 0);
+        sum.reserve(valueNum + 1);
         for (int i = 0; i < tune.pitchLen; ++i) sum.push_back(sum.back() + tune.pitch[i]);
         const double length = tune.pitchLen;
         const double magnitude = largestMagnitude(tune.pitch, tune.pitchLen) + queryMagnitude;

@@ -21,6 +21,8 @@ struct Entry {
     bool operator==(const Entry&) const = default;
 };
 
+constexpr std::size_t stepsOfComparison = 8; // of LongWork, while sorting
+
 /// The distinct entries that are element numbers, by element and then by row.
 std::vector<Entry> sortedEntries(const double* sets, std::size_t rowNum, std::size_t colNum) {
     std::vector<Entry> entries;
@@ -30,7 +32,11 @@ std::vector<Entry> sortedEntries(const double* sets, std::size_t rowNum, std::si
             const double element = std::trunc(sets[r + c * rowNum]);
             if (element >= 1.0 && std::isfinite(element)) entries.push_back({element, r});
         }
-    std::sort(entries.begin(), entries.end());
+    wavepitch::utility::LongWork work;
+    std::sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
+        work.took(stepsOfComparison);
+        return a < b;
+    });
     entries.erase(std::unique(entries.begin(), entries.end()), entries.end());
     return entries;
 }
