@@ -62,9 +62,8 @@ end
 %! for tempo = [0.55, 1, 1.8]
 %!   for shift = [-13, 0.25, 20]
 %!     query = [0, 0, NaN, sung(tunes{2}(7:9,:), tempo, shift), 0];
-%!     [rank, distance, details] = findTune (query, tunes, "phrases", {1, [1, 7]}, "names", {"up", "down"});
-%!     assert (rank, [2, 1]);
-%!     assert (distance(1) < 0.15 && distance(2) > 0.5);
+%!     [~, distance, details] = findTune (query, tunes, "phrases", {1, [1, 7]}, "names", {"up", "down"});
+%!     assert (distance(1) < 0.15 && distance(2) > 0.5, "tempo %g, shift %g", tempo, shift);
 %!     assert ([details.position(1), details.transposition(1)], [6, shift], 1e-9);
 %!     assert (details.ratio(1), tempo, 0.03);
 %!     assert (details.name, {"down", "up"});

@@ -1,14 +1,13 @@
 // mexhost from the outside: what a user types, and what comes back on which channel.
 
+#include "running.hpp"
+
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
 namespace {
@@ -20,20 +19,10 @@ const std::string module = MEXHOST_WAVE2PFMAT " ";
 const std::string library = MEXHOST_LIBRARY " ";
 const std::string speech = WAVEPITCH_EXAMPLES "/speech8k.wav ";
 
-std::string contents(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::string written(const std::string& name, const std::string& text) {
     std::ofstream(name) << text;
     return name;
 }
-
-struct Result {
-    int status;
-    std::string out, err;
-};
 
 Result mexhost(const std::string& arguments, const std::string& environment = "") {
     const std::string command = environment + " " MEXHOST_PROGRAM " " + arguments + " >out 2>err";
@@ -58,6 +47,7 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         {probe + "3", 1, "probe: 1 in", "error: probe: unexpected exception: a standard exception\n"},
         {probe + "4", 1, "probe: 1 in", "error: probe: unexpected exception of unknown type\n"},
         {probe + "5", 1, "probe: 1 in", "error: an output is not an array of its own"},
+        {probe + "0", 1, "probe: 1 in", "error: probe: output 1 was not set\n"},
         {probe + "6 --out 2", 1, "probe: 1 in", "error: probe: output 2 was not set\n"},
         {probe + written("ragged.csv", "1,2\n\n3\n"), 1, "",
          "ragged.csv, line 3: 1 numbers, the lines above have 2\n"},
@@ -83,8 +73,8 @@ TEST(Mexhost, ShowsOutputsAndErrorsOnTheirChannels) {
         SCOPED_TRACE(expected.arguments);
         const Result result = mexhost(expected.arguments);
         EXPECT_EQ(result.status, expected.status);
-        EXPECT_NE(result.out.find(expected.out), std::string::npos) << result.out;
-        EXPECT_NE(result.err.find(expected.err), std::string::npos) << result.err;
+        EXPECT_TRUE(holds(result.out, expected.out)) << result.out;
+        EXPECT_TRUE(holds(result.err, expected.err)) << result.err;
         EXPECT_EQ(result.err.empty(), expected.err.empty()) << result.err;
     }
 }
@@ -144,7 +134,7 @@ TEST(Mexhost, PutsEveryValueInItsPlace) {
     for (const auto& expected : cases) {
         const std::string script = scriptOf(expected.arguments);
         for (const std::string& part : expected.script)
-            EXPECT_NE(script.find(part), std::string::npos) << expected.arguments << " without " << part;
+            EXPECT_TRUE(holds(script, part)) << expected.arguments << " without " << part;
     }
 }
 

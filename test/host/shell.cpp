@@ -1,5 +1,7 @@
 // The command wavepitch from the outside: one recording, bad ones, and a corpus.
 
+#include "running.hpp"
+
 #include <gtest/gtest.h>
 #include <sndfile.hh>
 #include <sys/wait.h>
@@ -8,24 +10,11 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Result {
-    int status;
-    std::string out, err;
-};
-
-std::string contents(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Runs a line of bash, where $SPEECH is a recording and $EXAMPLES the folder of several.
 Result bash(const std::string& line) {
@@ -58,9 +47,9 @@ TEST_F(Shell, EveryFunctionOfThePackageIsThereWithItsHelp) {
         if (entry.is_directory()) continue;
         const std::string name = entry.path().stem();
         const std::string text = contents(entry.path());
-        EXPECT_NE(list.find("  " + name + " "), std::string::npos) << name;
+        EXPECT_TRUE(holds(list, "  " + name + " ")) << name;
         const std::string firstLine = text.substr(2, text.find('\n') - 2);
-        EXPECT_NE(bash("wavepitch help " + name).out.find(firstLine), std::string::npos) << name;
+        EXPECT_TRUE(holds(bash("wavepitch help " + name).out, firstLine)) << name;
     }
 }
 
@@ -69,7 +58,7 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         std::string line, out;
     } cases[] = {
         {"wavepitch pitch2freq 69,81 --json", "{\"frequency\":[440.0,880.0]}\n"},
-        {"wavepitch pitch2freq -3", "frequency\n0\n"},
+        {"wavepitch pitch2freq -.3", "frequency\n0\n"},
         {"wavepitch lrShiftDist -1,-2 3,2,9 --json", "{\"distance\":0.0,\"position\":1.0,\"shift\":-4.0}\n"},
         {"wavepitch ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
         {"wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
@@ -145,14 +134,21 @@ TEST_F(Shell, PicturesShowWhatThePackageDraws) {
         {"wave2pitch $SPEECH", "lc rgb '#000000'"}, // lags over the pitch function
         {"note2wave 69 0.5 8000", "set xrange [0:0.5]"},
         {"uvCut $SPEECH", "from first 0.432, graph 0"},
+        {"absSpectrogram <(printf '\\0\\x80\\0\\0\\0\\0') --raw 1000:s8 frameSize=3 overlap=0",
+         "T\xC0"}, // -80 dB
         {"findTune 0,60,62,64 $EXAMPLES/tunes/tunes.tsv",
          "set yrange [57.799999999999997:62.200000000000003]"},
+        {"findTune 0,60,64,67,72 $EXAMPLES/tunes/tunes.tsv anywhere=1 frameRate=4", "xrange [26.875:27.375]"},
+        {"findTune 0,60,64,67,72 $EXAMPLES/tunes/tunes.tsv",
+         "binary record=(4)"},                                            // without the rest before it
+        {"findTune 0,60 $EXAMPLES/tunes/tunes.tsv", "xrange [0.5:10.5]"}, // ranks
+        {"findTune 0 $EXAMPLES/tunes/tunes.tsv", "1 x 0: empty"},
         {"note2pv 60,64 0.2,0.1 0.05", "set yrange [59.799999999999997:64.200000000000003]"},
     };
     bash("mkdir bin; printf '#!/bin/sh\ncat >script' >bin/gnuplot; chmod +x bin/gnuplot");
     for (const auto& [call, line] : cases) {
         bash("PATH=$PWD/bin:$PATH wavepitch " + call + " --png picture.png");
-        EXPECT_NE(contents("script").find(line), std::string::npos) << call;
+        EXPECT_TRUE(holds(contents("script"), line)) << call;
     }
 }
 
@@ -193,6 +189,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
          "overlap=999999",
          "room for 1000001000000 values is asked for, by FRAMESIZE and OVERLAP"},
         {"wavepitch wave2pv z --raw 1:s8", "room for 16000000000 values is asked for, by FS"},
+        {"wavepitch findTune 0 $EXAMPLES/tunes/tunes.tsv names=a", "NAMES must be left out, TUNES is a file"},
         {"wavepitch setCover 1,2 --columns", "chosen has no times"},
         {"wavepitch pitch2freq 69,", "wavepitch: pitch2freq: PITCH must be"},
     };
@@ -208,7 +205,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         EXPECT_EQ(result.status, 1) << line;
         EXPECT_EQ(result.out, "") << line;
         EXPECT_EQ(result.err.find('\n') + 1, result.err.size()) << line;
-        EXPECT_NE(result.err.find(message), std::string::npos) << line << ": " << result.err;
+        EXPECT_TRUE(holds(result.err, message)) << line << ": " << result.err;
     }
     EXPECT_EQ(bash("find . -name '*.part'").out, "");
 }
@@ -229,12 +226,11 @@ TEST_F(Shell, WhatRightsRefuseIsNamedAndTheRestIsDone) {
     if (bash("$ANYBODY true").status != 0) GTEST_SKIP() << "skipped: root cannot give up its rights";
     const Result locked = bash("$ANYBODY wavepitch wave2f0 $SPEECH --out-dir locked --pictures");
     EXPECT_EQ(locked.status, 1);
-    EXPECT_NE(locked.err.find("speech8k.csv: cannot be written: Permission denied\n"), std::string::npos)
-        << locked.err;
+    EXPECT_TRUE(holds(locked.err, "speech8k.csv: cannot be written: Permission denied\n")) << locked.err;
     const Result closed = bash("$ANYBODY wavepitch wave2f0 -r in --out-dir done");
     bash("chmod 755 in/closed locked"); // to be removed
     EXPECT_EQ(closed.status, 1);
-    EXPECT_NE(closed.err.find("in/closed: Permission denied\n"), std::string::npos) << closed.err;
+    EXPECT_TRUE(holds(closed.err, "in/closed: Permission denied\n")) << closed.err;
     EXPECT_TRUE(fs::exists("done/in/open/speech8k.csv")) << closed.err;
 }
 
@@ -246,7 +242,7 @@ TEST_F(Shell, NothingStandsOnAFullDiskThatIsNotWhole) {
     if (onDisk("echo here").out != "here\n") GTEST_SKIP() << "skipped: no disk can be mounted";
     for (const char* file : {"--show correlation -o disk/a.csv", "--png disk/a.png"}) {
         const Result result = onDisk("wavepitch wave2f0 $SPEECH " + std::string(file) + " >/dev/null");
-        EXPECT_NE(result.err.find(": cannot be written: "), std::string::npos) << file << ": " << result.err;
+        EXPECT_TRUE(holds(result.err, ": cannot be written: ")) << file << ": " << result.err;
         EXPECT_EQ(result.out, "") << file;
     }
 }
@@ -295,7 +291,7 @@ protected:
         bash("for i in {10..19}; do mkdir -p in/$i; cp $EXAMPLES/s*.wav in/$i; done; echo >in/15/broken.wav");
         const Result result = bash("wavepitch wave2f0 -r in --out-dir one -j 1");
         EXPECT_EQ(result.status, 1);
-        EXPECT_NE(result.err.find("21 recordings: 20 done, 1 refused"), std::string::npos) << result.err;
+        EXPECT_TRUE(holds(result.err, "21 recordings: 20 done, 1 refused")) << result.err;
     }
     void expectSame(const std::string& folder) {
         const Result result = bash("diff -r one " + folder);
@@ -317,8 +313,7 @@ TEST_F(Corpus, IsWholeOrAbsentWhenInterruptedAndIsResumed) {
     EXPECT_EQ(result.status, 130);
     EXPECT_EQ(bash("find cut -name '.*'").out, "");
     EXPECT_EQ(bash("diff -rq one cut | grep -v '^Only in one'").out, "");
-    EXPECT_NE(bash("wavepitch wave2f0 -r in --out-dir cut --resume").err.find(" there already"),
-              std::string::npos);
+    EXPECT_TRUE(holds(bash("wavepitch wave2f0 -r in --out-dir cut --resume").err, " there already"));
     expectSame("cut");
 }
 

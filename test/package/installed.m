@@ -26,8 +26,8 @@ for name = functions
   figure ("visible", "off");
   evalc (example);
   close all
-  evalc ('[passed, total] = test (name{1}, "quiet");');
-  assert (passed == total && total > 0, "%s: %d of %d tests pass", name{1}, passed, total);
+  text = evalc ('[passed, total] = test (name{1}, "quiet", stdout);');
+  assert (passed == total && total > 0, "%s: %s", name{1}, text);
 end
 pkg ("unload", "wavepitch");
 pkg ("uninstall", "wavepitch");

@@ -43,7 +43,7 @@ void withEveryKernel(Call call) {
 inline std::string onOneLine(std::string dump, const std::string& record) {
     dump = withoutLineNumber(dump);
     const std::string between = " (line N, file=../../../../c/lib/audio/audio)\n" + record;
-    for (size_t at; (at = dump.find(between)) != std::string::npos;) dump.erase(at + 1, between.size() - 1);
+    while (dump.find(between) != std::string::npos) dump.erase(dump.find(between) + 1, between.size() - 1);
     return dump;
 }
 

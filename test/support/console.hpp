@@ -25,7 +25,7 @@ private:
 /// "(line 123 of" becomes "(line N of", and so does "(line=123 of": messages carry line numbers that tests do
 /// not pin.
 inline std::string withoutLineNumber(std::string message) {
-    for (size_t at = 0; (at = message.find("line", at)) != std::string::npos; at += 4) {
+    for (size_t at = message.find("line"); at != std::string::npos; at = message.find("line", at + 4)) {
         const size_t digits = at + 5;
         const size_t end = message.find_first_not_of("0123456789", digits);
         if (digits < message.size() && end != digits) message.replace(at + 4, end - at - 4, " N");

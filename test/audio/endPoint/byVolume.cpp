@@ -27,7 +27,7 @@ EPDPARAM defaults(int fs) {
     return param;
 }
 
-TEST(Segment, RunsOfWhatIsAboveZero) {
+TEST(Segment, IsARunOfWhatIsAboveZero) {
     const struct {
         Doubles vec;
         Text ends;

@@ -50,7 +50,7 @@ TEST(Characters, ASentenceIsFromTheFirstToTheLast) {
     EXPECT_EQ(last, -1);
 }
 
-TEST(Characters, WhatComesBack) {
+TEST(Characters, WaveLosesItsMeanAndIndicesArePacked) {
     Doubles wave{3, 5, 4, 4};
     cAudio::charEndPointDetect(wave.data(), 4, 8000, nullptr, nullptr, INT_MIN);
     EXPECT_EQ(text(wave), "-1 1 0 0");

@@ -13,7 +13,7 @@ Piece blip(int frame) {
     return {hop * frame + 64, hop * frame + 192, 0.4, 64};
 }
 
-TEST(Handset, VoicedSpanWithoutBlips) {
+TEST(Handset, FindsTheVoicedSpanWithoutBlips) {
     const Piece hiss = sound(23, 27, 0.01, 2); // has the largest count
     const Piece voice = sound(70, 90);
     const struct {

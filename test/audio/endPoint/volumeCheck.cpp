@@ -27,7 +27,7 @@ TEST(VolumeCheck, CodesAtTheirThresholds) {
     EXPECT_EQ(cAudio::waveVolumeCheck(Ints(319, 32767).data(), 319, ""), 1) << "no whole frame";
 }
 
-TEST(VolumeCheck, ParameterFiles) {
+TEST(VolumeCheck, AFileSetsItsKeysAndNoFileTheDefaults) {
     std::ofstream("check.txt") << "minVolTh = 7 % quiet\nmaxVolTh=150\nminVolTh=8.5\n";
     VOL_CHECK_PRM prm{1, 2, 3, 4};
     testing::internal::CaptureStdout();

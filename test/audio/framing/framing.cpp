@@ -6,7 +6,7 @@ TEST(Framing, CountsWholeFramesAndStartedOnes) {
     const int cases[][5] = {{1000, 256, 128, 6, 8},
                             {0, 256, 200, -3, 0},
                             {1000, 256, 256, 0, 0},
-                            {INT_MAX, 1, INT_MIN, 1, 1},
+                            {INT_MAX, 1, INT_MIN + 1, 1, 1},
                             {INT_MAX, INT_MIN + 1, INT_MIN, INT_MAX, INT_MAX}};
     for (const auto& [waveLen, frameSize, overlap, whole, started] : cases) {
         EXPECT_EQ(cAudio::getFrameNum2(waveLen, frameSize, overlap), whole) << overlap;

@@ -22,11 +22,11 @@ TEST(Contour, HasNoGapsAndKeepsThePhrases) {
 }
 
 TEST(Contour, OfNotesHasEachFromTheFrameNearestToItsBeginning) {
-    const MELODY melody{"", {0, 60, 62, 64, 0, 65, 0}, {1, 0.26, 0.1, 0.1, 0.34, 0.2, 9}, {0, 3, 4}};
+    const MELODY melody{"", {0, 60, 62, 64, 0, 65, 0}, {1, 0.14, 0.14, 0.14, 0.34, 0.2, 9}, {0, 3, 4}};
     const CONTOUR contour = note2contour(melody, 10);
-    EXPECT_EQ(text(contour.pitch), "60 60 60 62 64 64 64 64 65 65");
+    EXPECT_EQ(text(contour.pitch), "60 62 62 64 64 64 64 64 65 65");
     EXPECT_EQ(contour.first, 10);
-    EXPECT_EQ(text(contour.start), "0 4 8");
+    EXPECT_EQ(text(contour.start), "0 3 8");
     EXPECT_EQ(frameNumOf(melody, 10), 110);
 }
 
@@ -45,10 +45,11 @@ TEST(MelodyFile, IsReadByItsFields) {
 }
 
 TEST(MelodyFile, SaysWhatIsWrongWithWhichMelody) {
-    for (const char* const line :
-         {"Up\tC\t90\tC4:1", "Up\t\tC\t0\tC4:1", "Up\t\tC\tfast\tC4:1", "Up\t\tC\t90\t",
-          "Up\t\tC\t90\tC4:1 |", "Up\t\tC\t90\tH4:1", "Up\t\tC\t90\tC:1", "Up\t\tC\t90\tC4",
-          "Up\t\tC\t90\tC4.5:1", "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"}) {
+    const char* const lines[] = {"Up\tC\t90\tC4:1",     "Up\t\tC\t0\tC4:1",  "Up\t\tC\tfast\tC4:1",
+                                 "Up\t\tC\tinf\tC4:1",  "Up\t\tC\t90\t",     "Up\t\tC\t90\tC4:1 |",
+                                 "Up\t\tC\t90\tH4:1",   "Up\t\tC\t90\tC:1",  "Up\t\tC\t90\tC4",
+                                 "Up\t\tC\t90\tC4.5:1", "Up\t\tC\t90\tC4:0", "Up\t\tC\t90\tC4:1x"};
+    for (const char* const line : lines) {
         SCOPED_TRACE(line);
         for (const char* const names : {"name\n", ""}) {
             const std::string message = fatalMessage([&] { melodyRead(file(std::string(names) + line)); });

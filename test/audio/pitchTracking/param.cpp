@@ -48,10 +48,10 @@ TEST(PitchParam, DefaultsFollowRateAndType) {
     PTPARAM p;
     p.minIndex = 7;
     p.maxIndex = 7;
-    cAudio::ptParamSet(&p, 50.0F, 44100, 9, PF_ACF);
+    cAudio::ptParamSet(&p, 40.0F, 11025, 9, PF_ACF);
     EXPECT_EQ(std::pair(p.minIndex, p.maxIndex), std::pair(0, 0));
     EXPECT_EQ(printed(p),
-              "ptParam->fs=44100 nbits=9 pfType=1 frameSize=1411 overlap=529 pfLen=706 ppcNum=10 "
+              "ptParam->fs=11025 nbits=9 pfType=1 frameSize=353 overlap=77 pfLen=177 ppcNum=10 "
               "pitchRangeMax=24 pitchDiffMax=5 minPitch=30 maxPitch=84 maxMedianPitchDiff=20 dpMethod=1 "
               "dpPosDiffOrder=1 dpUseLocalOptim=1 pfWeight=1 indexDiffWeight=1 useVolThreshold=1 "
               "useClarityThreshold=1 clarityRatio=0.6 medianFilterOrder=5 cutLeadingTrailingZero=0" +

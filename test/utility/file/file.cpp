@@ -136,7 +136,7 @@ TEST(File, SizeIsToldWithoutMoving) {
     EXPECT_EQ(getFileSize("/"), 0);
 }
 
-TEST(File, NamesAndListings) {
+TEST(File, MissingOnesAreToldAndBackslashesAreTurned) {
     EXPECT_EQ(fileExist("/"), 1);
     EXPECT_EQ(fileExist("/nowhere/a"), 0);
     EXPECT_STREQ(getExtName("none"), "");

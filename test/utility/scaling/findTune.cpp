@@ -40,8 +40,9 @@ TEST(FindTune, IsThePlainLoopOverEveryPlace) {
         for (int i = 0; i < 12; ++i) pitches.push_back(melody(random, random() % (2 * length)));
         pitches.push_back(pitches[3]);
         const Doubles query = melody(random, length);
-        pitches.push_back(melody(random, 255));
-        pitches.back().insert(pitches.back().end(), query.begin(), query.end());
+        Doubles& near = pitches.emplace_back(melody(random, 255));
+        for (const size_t wrong : {length / 7 + 1, length / 7}) // close to what their bounds are
+            for (size_t i = 0; i < length; ++i) near.push_back(i < wrong ? query[i] + 1 : query[i]);
         const int starts[] = {0, 30, 7, -1, 7, 200};
         for (const int* start : {starts, static_cast<const int*>(nullptr)})
             for (const int type : {1, 2}) {

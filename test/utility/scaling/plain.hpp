@@ -10,7 +10,7 @@
 
 using Matches = std::vector<TUNEMATCH>;
 
-/// Compares the query with every place of every tune, of at most 700 values.
+/// Compares the query, in versions of at most 700 values, with every place of every tune.
 inline Matches plainMatches(const Doubles& query, const std::vector<TUNE>& tunes, const TUNESEARCH& search) {
     const auto scaleNum = static_cast<size_t>(search.resolution);
     Doubles distance(scaleNum), shift(scaleNum), scaled(700), difference(700);

@@ -57,7 +57,7 @@ TEST(LinearScaling, ComparesEachScaleThatIsNotLongerThanTheReference) {
     }
 }
 
-TEST(LinearScaling, AtItsLimits) {
+TEST(LinearScaling, PassesOverWhatHasNoLengthAndTakesTheFirstOfEquals) {
     EXPECT_EQ(text(scaled(plain, {1}, 4, 1, 9).distance),
               "2.14748e+09 1 1 2");                          // a length of 0.5 is passed over
     EXPECT_EQ(scaled(plain, {0, 4, 0, 4}, 1, 1, 9).best, 0); // one scale is that of the lower ratio

@@ -81,7 +81,7 @@ TEST(Resample, IntWeightsAreRoundedAndValuesTruncated) {
     EXPECT_EQ(resampled({1, 2}, 1), "2 9 9 9");
 }
 
-TEST(VectorOperations, Examples) {
+TEST(VectorOperations, RoundSaturateFillAndEncode) {
     Ints rounded(3);
     double2intVec(Doubles{-2.5, 1e300, 4}.data(), 3, rounded.data());
     EXPECT_EQ(text(rounded), "-3 2147483647 4");
