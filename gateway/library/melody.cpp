@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int usualScales = 61; // no change of tempo is one of them
-constexpr int mostScales = 1000;
+constexpr int usualTempos = 61; // no change of tempo is one of them
+constexpr int mostTempos = 1000;
 constexpr double mostRate = 1e6;
 
 /// The collection, as the library searches it.
@@ -139,7 +139,7 @@ void findTuneCommand(Call& call) {
     const Argument input = call.input(1, "TUNES");
     const Options options = call.options(2, {"names", "phrases", "anywhere", "frameRate", "maxNum",
                                              "lowerRatio", "upperRatio", "resolution", "distanceType"});
-    const auto [lower, upper, resolution, type] = readScales(call, options, usualScales, mostScales);
+    const auto [lower, upper, resolution, type] = readScales(call, options, usualTempos, mostTempos);
     const double frameRate = options.number("frameRate", 100, 1e-3, mostRate);
     const int maxNum = options.whole("maxNum", 10, 1);
     const bool anywhere = options.flag("anywhere", false);

@@ -10,15 +10,15 @@
 namespace {
 
 /// The fields of the record that the user sets, and what the user calls them.
-constexpr std::pair<const char*, const char*> fields[] = {{"fs", "fs"},
-                                                          {"minFreq", "minF0"},
-                                                          {"maxFreq", "maxF0"},
-                                                          {"frameRate", "frameRate"},
-                                                          {"voicingThreshold", "voicingThreshold"}};
+constexpr std::pair<const char*, const char*> userNames[] = {{"fs", "fs"},
+                                                             {"minFreq", "minF0"},
+                                                             {"maxFreq", "maxF0"},
+                                                             {"frameRate", "frameRate"},
+                                                             {"voicingThreshold", "voicingThreshold"}};
 
 /// The library's text with the user's names for the fields.
 std::string inUsersWords(std::string fault) {
-    for (const auto& [field, option] : fields) {
+    for (const auto& [field, option] : userNames) {
         const std::string wanted = field;
         for (size_t at = 0; (at = fault.find(wanted)) != std::string::npos;)
             fault.replace(at, wanted.size(), upperCase(option));

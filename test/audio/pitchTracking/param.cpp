@@ -5,12 +5,12 @@
 
 namespace {
 
-const std::string name = "pitchParam.txt";
+const std::string paramFile = "pitchParam.txt";
 
 /// Writes a parameter file; returns its name.
 const char* file(const std::string& content) {
-    std::ofstream(name) << content;
-    return name.c_str();
+    std::ofstream(paramFile) << content;
+    return paramFile.c_str();
 }
 
 std::string printed(const PTPARAM& p) {
@@ -73,9 +73,9 @@ TEST(PitchParam, EveryKeyIsThatOfItsField) {
     EXPECT_EQ(printed(p), "ptParam->" + pairs + afterTheLast);
 
     p.halfOfNbits = true;
-    cAudio::ptParamWrite(&p, name.c_str());
+    cAudio::ptParamWrite(&p, paramFile.c_str());
     std::stringstream written;
-    written << std::ifstream(name).rdbuf();
+    written << std::ifstream(paramFile).rdbuf();
     EXPECT_EQ(
         written.str(),
         "fs=44100\nnbits=9\nframeSize=1601\noverlap=50\nminPitch=31.500000\nmaxPitch=83.500000\n"
@@ -97,7 +97,8 @@ TEST(PitchParam, AFileOverridesTheDefaults) {
     EXPECT_EQ(console.text(), "Warning: frameSize too small! (frameSize=255, frameDuration=31.875 ms < "
                               "minFrameDuration=32 ms)\n");
     EXPECT_EQ(fatalMessage([&] { cAudio::ptParamRead(file("ppcNum=3\nfps=1\nppcNum=4"), &p); }),
-              "Error in parsing " + name + ", unknown key = fps (line N in ../../../../c/lib/audio/audio)");
+              "Error in parsing " + paramFile +
+                  ", unknown key = fps (line N in ../../../../c/lib/audio/audio)");
     EXPECT_EQ(p.ppcNum, 3);
 }
 

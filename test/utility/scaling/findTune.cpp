@@ -4,7 +4,7 @@
 
 namespace {
 
-std::string text(const Matches& matches) {
+std::string linesOf(const Matches& matches) {
     std::ostringstream lines;
     lines << std::hexfloat;
     for (const TUNEMATCH& m : matches)
@@ -55,8 +55,8 @@ TEST(FindTune, IsThePlainLoopOverEveryPlace) {
                 withEveryKernel([&](const char* kernel) {
                     SCOPED_TRACE(::testing::Message() << "round " << round << ", type " << type << ", "
                                                       << (start ? "starts" : "anywhere") << ", " << kernel);
-                    EXPECT_EQ(text(found(query, tunes, search, 99)), text(plain));
-                    EXPECT_EQ(text(found(query, tunes, search, 3)), text(three));
+                    EXPECT_EQ(linesOf(found(query, tunes, search, 99)), linesOf(plain));
+                    EXPECT_EQ(linesOf(found(query, tunes, search, 3)), linesOf(three));
                 });
             }
     }
