@@ -13,8 +13,6 @@ namespace {
 
 using namespace shell;
 
-constexpr int usageStatus = 2;
-
 /// Negative numbers, and lists that begin with one, are inputs, not options. A leading blank, which number
 /// readers skip, tells them apart.
 std::vector<std::string> wordsToParse(int argc, char** argv) {
@@ -22,9 +20,8 @@ std::vector<std::string> wordsToParse(int argc, char** argv) {
     for (std::string& word : words) {
         if (word == "--") break;
         if (word.starts_with('-') && word != "-0" && isNumber(word.substr(0, word.find(','))))
-            word.insert(0, " ");
+            word.insert(word.begin(), ' ');
     }
-    std::reverse(words.begin(), words.end()); // the parser takes the last first
     return words;
 }
 
@@ -41,39 +38,28 @@ void showHelp(const Function& told) {
                 told.help.c_str(), told.name.c_str());
 }
 
-int run(CLI::App& app, Options& options) {
-    const auto chosen = app.get_subcommands();
-    if (chosen.empty()) {
+int run(const std::string& chosen, Options& options) {
+    if (chosen.empty() || (chosen == "help" && options.topic.empty())) {
         showOverview();
         return 0;
     }
-    if (chosen.front()->get_name() == "help") {
-        if (options.topic.empty())
-            showOverview();
-        else
-            showHelp(function(options.topic));
+    if (chosen == "help") {
+        showHelp(function(options.topic));
         return 0;
     }
-    const Function& called = function(chosen.front()->get_name());
-    const Request request = requestOf(called, options);
+    const Request request = requestOf(function(chosen), options);
     return work(request, jobsOf(options.words, options.places), options.course);
 }
 
 } // namespace
 
 int main(int argc, char** argv) try {
-    CLI::App app("Pitch, end points and spectra of recordings.", "wavepitch");
-    app.set_version_flag("--version", WAVEPITCH_VERSION);
     Options options;
-    declare(app, options);
+    CommandLine line(WAVEPITCH_VERSION, options);
     if (const std::string first = argc > 1 ? argv[1] : "help"; first != "help" && !first.starts_with('-'))
         function(first); // tells a name that is none
-    try {
-        app.parse(wordsToParse(argc, argv));
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : usageStatus;
-    }
-    return run(app, options);
+    const std::optional<int> status = line.read(wordsToParse(argc, argv));
+    return status ? *status : run(line.chosen(), options);
 } catch (const std::exception& error) {
     std::fflush(stdout);
     std::fprintf(stderr, "wavepitch: %s\n", shell::inOneLine(error.what()).c_str());

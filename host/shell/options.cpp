@@ -2,6 +2,7 @@
 
 #include "drawing.hpp"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <stdexcept>
 #include <thread>
@@ -9,6 +10,8 @@
 namespace shell {
 
 namespace {
+
+constexpr int usageStatus = 2;
 
 void declareFormats(CLI::App& app, Options& options) {
     const std::pair<const char*, Format> formats[] = {{"--tsv", Format::tsv},
@@ -112,8 +115,6 @@ std::string nextInput(const Function& function, const Parameters& given) {
     return missing == function.inputs.end() ? "" : *missing;
 }
 
-} // namespace
-
 void declare(CLI::App& app, Options& options) {
     options.course.sideBySide = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
     app.require_subcommand(0, 1);
@@ -135,6 +136,55 @@ void declare(CLI::App& app, Options& options) {
     app.add_subcommand("help", "How a function is called")
         ->group("Help")
         ->add_option("FUNCTION", options.topic, "one of the functions");
+}
+
+/// What follows an option, without the check that the parser adds to its name.
+std::string argumentOf(const CLI::Option& option) {
+    if (option.get_items_expected_max() == 0) return "";
+    const std::string name = option.get_type_name();
+    return name.substr(0, name.find(":INT"));
+}
+
+/// The options of a subcommand, behind them those of its groups, which have no name.
+void collect(const CLI::App& app, std::vector<OptionText>& texts) {
+    for (const CLI::Option* option : app.get_options()) {
+        if (option->get_positional() || (app.get_name().empty() && option == app.get_help_ptr())) continue;
+        texts.push_back({option->get_name(false, true), argumentOf(*option), option->get_description(),
+                         option->get_lnames()});
+    }
+    for (const CLI::App* group : app.get_subcommands({}))
+        if (group->get_name().empty()) collect(*group, texts);
+}
+
+} // namespace
+
+CommandLine::CommandLine(const char* version, Options& options)
+    : app(std::make_unique<CLI::App>("Pitch, end points and spectra of recordings.", "wavepitch")) {
+    app->set_version_flag("--version", version);
+    declare(*app, options);
+}
+
+CommandLine::~CommandLine() = default;
+
+std::optional<int> CommandLine::read(std::vector<std::string> words) {
+    std::reverse(words.begin(), words.end()); // the parser takes the last first
+    try {
+        app->parse(std::move(words));
+    } catch (const CLI::ParseError& error) {
+        return app->exit(error) == 0 ? 0 : usageStatus;
+    }
+    return std::nullopt;
+}
+
+std::string CommandLine::chosen() const {
+    const auto subcommands = app->get_subcommands();
+    return subcommands.empty() ? "" : subcommands.front()->get_name();
+}
+
+std::vector<OptionText> CommandLine::optionsOf(const std::string& function) const {
+    std::vector<OptionText> texts;
+    collect(*app->get_subcommand(function), texts);
+    return texts;
 }
 
 std::string overview() {

@@ -70,42 +70,29 @@ wavepitch wave2f0 \-r corpus \-\-out\-dir f0 \-\-resume minF0=75
 .fi
 )";
 
-/// What follows an option, without the check that the parser adds to its name.
-std::string argumentOf(const CLI::Option& option) {
-    const std::string name = option.get_type_name();
-    return name.substr(0, name.find(":INT"));
-}
-
-std::string optionsText(const CLI::App& app) {
+std::string optionsText(const std::vector<OptionText>& options) {
     std::string text;
-    for (const CLI::Option* option : app.get_options()) {
-        if (option->get_positional() || (app.get_name().empty() && option == app.get_help_ptr())) continue;
-        text += ".TP\n.B " + roff(option->get_name(false, true));
-        if (option->get_items_expected_max() > 0) text += " " + roff(argumentOf(*option));
-        text += '\n' + roff(option->get_description()) + '\n';
+    for (const OptionText& option : options) {
+        text += ".TP\n.B " + roff(option.name);
+        if (!option.argument.empty()) text.append(" ").append(roff(option.argument));
+        text += '\n' + roff(option.text) + '\n';
     }
-    for (const CLI::App* group : app.get_subcommands({}))
-        if (group->get_name().empty()) text += optionsText(*group);
     return text;
 }
 
-std::string manual(const CLI::App& app, const std::string& version) {
+std::string manual(const std::vector<OptionText>& options, const std::string& version) {
     std::string text = ".TH WAVEPITCH 1 \"\" \"wavepitch " + version + "\"\n" + manualBegin;
-    text += optionsText(*app.get_subcommand("wave2f0"));
+    text += optionsText(options);
     text += ".SH FUNCTIONS\n.nf\n" + roff(overview()) + ".fi\n";
     for (const Function& function : functions())
         text += ".SS " + function.name + "\n.nf\n" + roff(function.help) + ".fi\n";
     return text + manualEnd;
 }
 
-/// The options' names, and their arguments' where wanted, between blanks.
-std::string namesOf(const CLI::App& app) {
+std::string namesOf(const std::vector<OptionText>& options) {
     std::string names;
-    for (const CLI::Option* option : app.get_options())
-        for (const std::string& name : option->get_lnames())
-            if (!app.get_name().empty() || option != app.get_help_ptr()) names += " --" + name;
-    for (const CLI::App* group : app.get_subcommands({}))
-        if (group->get_name().empty()) names += namesOf(*group);
+    for (const OptionText& option : options)
+        for (const std::string& name : option.longNames) names += " --" + name;
     return names;
 }
 
@@ -126,7 +113,7 @@ std::string optionsOf(const Function& function) {
     return text;
 }
 
-std::string completion(const CLI::App& app) {
+std::string completion(const std::vector<OptionText>& options) {
     std::string text = "# Completion of the command wavepitch for bash.\n_wavepitch() {\n"
                        "    local word=${COMP_WORDS[COMP_CWORD]} functions=\"help";
     for (const Function& function : functions()) text += ' ' + function.name;
@@ -134,8 +121,7 @@ std::string completion(const CLI::App& app) {
         "\" inputs=\n    if ((COMP_CWORD == 1)) || [[ ${COMP_WORDS[1]} == help ]]; then\n"
         "        mapfile -t COMPREPLY < <(compgen -W \"$functions\" -- \"$word\")\n        return\n    fi\n"
         "    if [[ $word == -* ]]; then\n        mapfile -t COMPREPLY < <(compgen -W \"" +
-        namesOf(*app.get_subcommand("wave2f0")) +
-        "\" -- \"$word\")\n        return\n    fi\n    case ${COMP_WORDS[1]} in\n";
+        namesOf(options) + "\" -- \"$word\")\n        return\n    fi\n    case ${COMP_WORDS[1]} in\n";
     for (const Function& function : functions()) {
         text += "    " + function.name + ") inputs=\"";
         for (const std::string& input : function.inputs)
@@ -160,11 +146,10 @@ void writeText(const std::string& path, const std::string& text) {
 
 int main(int argc, char** argv) try {
     if (argc != 4) throw std::runtime_error("usage: wavepitchPages VERSION MANUAL COMPLETION");
-    CLI::App app("", "wavepitch");
     Options options;
-    declare(app, options);
-    writeText(argv[2], manual(app, argv[1]));
-    writeText(argv[3], completion(app));
+    const auto texts = CommandLine(argv[1], options).optionsOf("wave2f0");
+    writeText(argv[2], manual(texts, argv[1]));
+    writeText(argv[3], completion(texts));
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
