@@ -15,8 +15,12 @@ options("endPoints-volumeHod") = {"volumeHod"};
 options("wave2volume") = framing;
 options("absSpectrogram") = framing;
 
-while (ischar (line = fgetl (stdin)))
-  words = strsplit (line, " ");
+while (true)
+  try  % fgetl would wait for the line behind
+    words = strsplit (input ("", "s"), " ");
+  catch
+    break;  % there are no more
+  end
   called = strtok (words{1}, "-");
   arguments = [{waves.(words{2}), fs}, options(words{1})];
   start = tic ();
