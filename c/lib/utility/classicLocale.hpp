@@ -8,6 +8,7 @@ namespace wavepitch::utility {
 
 /// While one exists, the C library reads and writes text in this thread as it does in its "C" locale; then as
 /// before. Other threads, and the host's own setlocale, are not touched: POSIX gives each thread a locale.
+/// Where there is no memory for that of "C", text stays as the host has it.
 class ClassicLocale {
 public:
     ClassicLocale() {
