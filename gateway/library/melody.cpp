@@ -21,8 +21,10 @@ struct Collection {
     double frameNum = 0; // of the notes
 
     void add(const Call& call, const MELODY& melody, double frameRate) {
-        frameNum += frameNumOf(melody, frameRate);
-        requireRoom(call, frameNum, "the durations of TUNES and FRAMERATE");
+        const double num = frameNumOf(melody, frameRate);
+        frameNum += num;
+        const double passing = 2 * num; // copies, while the contour is made
+        requireRoom(call, frameNum + passing, "the durations of TUNES and FRAMERATE");
         names.push_back(melody.name);
         contours.push_back(note2contour(melody, frameRate));
     }

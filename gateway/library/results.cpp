@@ -6,7 +6,7 @@
 namespace {
 
 template <typename T>
-void fill(mxArray* array, const std::vector<int>& samples) {
+void fill(mxArray* array, std::span<const int> samples) {
     constexpr int offset = std::numeric_limits<T>::is_signed ? 0 : 128;
     constexpr std::int64_t least{std::numeric_limits<T>::min()}; // NOLINT(bugprone-signed-char-misuse)
     constexpr std::int64_t most{std::numeric_limits<T>::max()};
@@ -72,7 +72,7 @@ mxArray* arrayLike(const Argument& shape, size_t count) {
     return mxCreateNumericMatrix(isRow ? 1 : length, isRow ? length : 1, shape.classID(), mxREAL);
 }
 
-void setSamples(mxArray* array, const std::vector<int>& samples, int nbits) {
+void setSamples(mxArray* array, std::span<const int> samples, int nbits) {
     switch (mxGetClassID(array)) {
     case mxDOUBLE_CLASS:
         std::transform(samples.begin(), samples.end(), mxGetPr(array),

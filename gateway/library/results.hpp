@@ -3,6 +3,7 @@
 
 #include "command.hpp"
 
+#include <span>
 #include <vector>
 
 /// What a call may make room for, whatever it is given: 2^27 values, 1 GB of doubles. Beyond that, 1024
@@ -50,4 +51,4 @@ mxArray* arrayLike(const Argument& shape, size_t count);
 
 /// Writes samples into such an array, saturated; unsigned 8 bits around 128. In class double they are divided
 /// by 2^(nbits - 1).
-void setSamples(mxArray* array, const std::vector<int>& samples, int nbits);
+void setSamples(mxArray* array, std::span<const int> samples, int nbits);

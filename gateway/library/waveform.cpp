@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <memory>
 #include <numeric>
 
 namespace {
@@ -82,10 +83,11 @@ void waveResampleCommand(Call& call) {
     const std::vector<int> wave = input.ownSamples(nbits);
     const std::int64_t last = (static_cast<std::int64_t>(wave.size()) - 1) * newFs / oldFs;
     const int length = resultLength(call, static_cast<double>(last) + 1, "NEWFS and OLDFS");
-    std::vector<int> out(static_cast<size_t>(length));
-    mxArray* array = arrayLike(input, out.size());
-    cAudio::waveResample(wave.data(), static_cast<int>(wave.size()), oldFs, newFs, out.data(), length);
-    setSamples(array, out, nbits);
+    const auto count = static_cast<size_t>(length);
+    const auto out = std::make_unique_for_overwrite<int[]>(count); // zeros would take long, with no question
+    mxArray* array = arrayLike(input, count);
+    cAudio::waveResample(wave.data(), static_cast<int>(wave.size()), oldFs, newFs, out.get(), length);
+    setSamples(array, {out.get(), count}, nbits);
     call.give(0, array);
 }
 

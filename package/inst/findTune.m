@@ -86,4 +86,4 @@ end
 %! assert (findTune (60, {[60, 0]}, "phrases", {2}, "anywhere", true), 1);
 %!error <findTune: NAMES must be a cell array with a cell for each tune> findTune (60, {60}, "names", {})
 %!error <findTune: TUNES\{2\} must be a real vector> findTune (60, {60, "x"})
-%!error <findTune: room for 200000000 values is asked for, by the durations of TUNES> findTune (60, {[60 1e6; 62 1e6]})
+%!error <findTune: room for 600000000 values is asked for, by the durations of TUNES> findTune (60, {[60 1e6; 62 1e6]})

@@ -105,27 +105,47 @@ private:
     void endPoints() {
         EPDPARAM param;
         cAudio::epdParamSet(fs, param);
+        give("endPoints.1", segments(cAudio::epdByVol, param));
         param.vhRatio = 20;
         param.diffOrder = 2;
-        int count = 0;
-        const SegmentArray segments(cAudio::epdByVolHod(samples.data(), waveLen, fs, param, &count));
-        Ints ends;
-        for (int i = 0; i < count; ++i) ends.push_back(segments.get()[i].begin * param.frameSize + 1);
-        for (int i = 0; i < count; ++i) ends.push_back((segments.get()[i].end + 1) * param.frameSize);
-        give("endPoints volumeHod.1", ends);
+        give("endPoints volumeHod.1", segments(cAudio::epdByVolHod, param));
+        Ints ends(static_cast<std::size_t>(frameNum));
+        ends.resize(static_cast<std::size_t>(cAudio::epdByVol2(samples.data(), waveLen, 0, ends.data(), 0)));
+        give("endPoints twoThreshold, frames", ends);
         ends.resize(2);
         cAudio::epdByVolZcr(samples.data(), waveLen, 0, ends.data(), &ends[1]);
         give("endPoints volumeZcr.1", ends);
-        Doubles span(2);
         Doubles wave = unit;
+        Doubles starts(100);
+        Doubles lasts(100);
+        cAudio::charEndPointDetect(wave.data(), waveLen, fs, starts.data(), lasts.data(), 100);
+        give("endPoints character, first samples", starts);
+        give("endPoints character, last samples", lasts);
+        wave = unit;
+        cAudio::sentenceEndPointDetect(wave.data(), waveLen, fs, ends.data(), &ends[1]);
+        give("endPoints sentence, samples", ends);
+        Doubles span(2);
+        wave = unit;
         cAudio::endPointDetect4quokka(wave.data(), waveLen, fs, 16, span.data());
         give("endPoints handset.1", span);
     }
 
+    /// The first samples of all segments, then the last, from 1.
+    Ints segments(decltype(cAudio::epdByVol)* detect, const EPDPARAM& param) {
+        int count = 0;
+        const SegmentArray found(detect(samples.data(), waveLen, fs, param, &count));
+        Ints ends;
+        for (int i = 0; i < count; ++i) ends.push_back(found.get()[i].begin * param.frameSize + 1);
+        for (int i = 0; i < count; ++i) ends.push_back((found.get()[i].end + 1) * param.frameSize);
+        return ends;
+    }
+
     void features() {
         Ints values(static_cast<std::size_t>(frameNum));
-        wave2volume(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
-        give("wave2volume.1", values);
+        for (const int method : {1, 2, 3}) {
+            wave2volume(samples.data(), waveLen, frameSize, overlap, values.data(), method);
+            give(method == 2 ? "wave2volume.1" : "wave2volume method " + std::to_string(method), values);
+        }
         cAudio::wave2zcr(samples.data(), waveLen, frameSize, overlap, values.data());
         give("wave2zcr.1", values);
         cAudio::wave2ashod(samples.data(), waveLen, frameSize, overlap, values.data(), 2);
