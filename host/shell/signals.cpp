@@ -15,6 +15,7 @@ bool isIgnored(int signal) {
 } // namespace
 
 Signals::Signals() {
+    std::signal(SIGCHLD, SIG_DFL); // whoever has called may ignore it: then no child's end would be told
     sigemptyset(&set);
     for (const int signal : {SIGINT, SIGTERM, SIGCHLD}) sigaddset(&set, signal);
     if (!isIgnored(SIGHUP)) sigaddset(&set, SIGHUP);
