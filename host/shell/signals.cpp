@@ -26,6 +26,14 @@ void Signals::restore() const {
     sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 
+void Signals::letThrough(const std::function<void()>& work) const {
+    sigset_t others = before;
+    sigaddset(&others, SIGCHLD); // would be lost
+    sigprocmask(SIG_SETMASK, &others, nullptr);
+    work();
+    sigprocmask(SIG_BLOCK, &set, nullptr);
+}
+
 int Signals::next() const {
     const int signal = sigwaitinfo(&set, nullptr);
     return signal < 0 ? SIGCHLD : signal; // woken by one that is not waited for

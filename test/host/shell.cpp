@@ -214,6 +214,11 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
 
 TEST_F(Shell, InterruptionEndsWhatIsRunning) {
     EXPECT_EQ(bash("mkfifo pipe; timeout -k 9 -s INT 0.3 wavepitch wave2f0 pipe").status, 124) << "waits";
+    EXPECT_EQ(
+        bash("timeout -k 1 -s INT 1 wavepitch wave2f0 $SPEECH --show correlation | sleep 3; exit $PIPESTATUS")
+            .status,
+        124)
+        << "is not read";
     EXPECT_EQ(bash("(trap '' HUP; exec wavepitch isWaveSilence pipe) & sleep 0.3; kill -HUP $!; "
                    "timeout 5 cp $SPEECH pipe; wait $!")
                   .status,
