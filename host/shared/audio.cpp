@@ -54,17 +54,19 @@ void refuseWhatIsNoFile(const std::string& path) {
         refuse("is empty");
 }
 
-/// Whether a file begins as those with a header do. MP3 is told by its name: its first bytes may be those of
-/// quiet samples. A pipe is not asked: what is read of it is gone.
+/// Whether a file begins as those with a header do. MP3 and SDS are told by their names: their first bytes
+/// may be those of samples. A pipe is not asked: what is read of it is gone.
 bool hasHeader(const std::string& path) {
     static const std::set<std::string> beginnings = {"RIFF", "RIFX", "RF64", "riff", "FORM", ".snd",
-                                                     "fLaC", "OggS", "caff", "NIST", "Crea"};
+                                                     "dns.", "fLaC", "OggS", "caff", "NIST", "Crea"};
     std::error_code unknown;
     if (!std::filesystem::is_regular_file(path, unknown)) return false;
     std::array<char, 4> first{};
     std::ifstream(path, std::ios::binary).read(first.data(), first.size());
-    const std::string extension = std::filesystem::path(path).extension();
-    return beginnings.contains({first.begin(), first.end()}) || strcasecmp(extension.c_str(), ".mp3") == 0;
+    const auto isNamed = [extension = std::filesystem::path(path).extension()](const char* name) {
+        return strcasecmp(extension.c_str(), name) == 0;
+    };
+    return beginnings.contains({first.begin(), first.end()}) || isNamed(".mp3") || isNamed(".sds");
 }
 
 SndfileHandle opened(const std::string& path, const RawFormat& raw) {

@@ -179,14 +179,20 @@ private:
         }
     }
 
-    /// A table's line of names stands only where it is another than the table's before.
+    /// A table's line of names stands only where it is another than the table's before. Whoever has the
+    /// output may not read it; meanwhile the command can be ended, as jobs that print leave no parts of
+    /// files.
     void print(const std::string& result) {
+        if (result.empty()) return;
         const bool hasNames = request.format == Format::csv || request.format == Format::tsv;
-        const size_t end = hasNames && !result.empty() ? result.find('\n') + 1 : 0;
+        const size_t end = hasNames ? result.find('\n') + 1 : 0;
         const bool again = end > 0 && result.substr(0, end) == names;
         if (end > 0) names = result.substr(0, end);
         const size_t from = again ? end : 0;
-        std::fwrite(result.data() + from, 1, result.size() - from, stdout);
+        signals.letThrough([&] {
+            std::fwrite(result.data() + from, 1, result.size() - from, stdout);
+            std::fflush(stdout);
+        });
     }
 
     void removeParts(size_t job) const {

@@ -28,11 +28,15 @@ void handOver(const std::string& text, std::FILE* result) {
         throw std::runtime_error(std::string("scratch file: ") + std::strerror(errno));
 }
 
-void writePicture(const Request& request, const Job& job, const Analysis& analysis, const std::string& mark) {
+void writePicture(const Request& request, const Job& job, const Analysis& analysis, const std::string& mark,
+                  std::FILE* result) {
     std::string title = request.function->name;
     if (!job.recording.empty())
         title += " (" + std::filesystem::path(job.recording).filename().string() + ")";
-    writeWhole(job.picture, mark, [&](const std::string& path) { draw(request, analysis, title, path); });
+    const auto drawTo = [&](const std::string& path) { draw(request, analysis, title, path); };
+    if (job.picture == standardOutput) // that of this process is its report
+        return drawTo("/dev/fd/" + std::to_string(fileno(result)));
+    writeWhole(job.picture, mark, drawTo);
 }
 
 void doJob(const Request& request, const Job& job, const std::string& name, const std::string& mark,
@@ -45,7 +49,7 @@ void doJob(const Request& request, const Job& job, const std::string& name, cons
     else
         writeWhole(job.table, mark,
                    [&](const std::string& path) { writeContents(path, textOf(request, analysis, "")); });
-    if (!job.picture.empty()) writePicture(request, job, analysis, mark);
+    if (!job.picture.empty()) writePicture(request, job, analysis, mark, result);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace shell {
 struct Answer {
     using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
     File report; // what the process says on its console; where it fails, the last line is the reason
-    File result; // the table, where it goes to standard output
+    File result; // the table or the picture, where it goes to standard output
 };
 
 /// An empty answer; a std::runtime_error where the system has no room for one.

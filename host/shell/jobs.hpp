@@ -6,10 +6,12 @@
 
 namespace shell {
 
+inline constexpr const char* standardOutput = "/dev/stdout";
+
 struct Job {
     std::string recording; // "" for a function that takes none
     std::string table;     // the file of results; "" for standard output
-    std::string picture;   // "" for none
+    std::string picture;   // "" for none; may be standardOutput, where the table is not
     std::string refusal;   // why it cannot be done, where that is known beforehand
 };
 

@@ -50,7 +50,8 @@ void declareAudio(CLI::App& app, Options& options) {
 void declareFiles(CLI::App& app, Options& options) {
     app.add_option("-o,--output", options.places.file, "results to FILE instead of standard output")
         ->type_name("FILE");
-    app.add_option("--png", options.places.picture, "draw what one recording gives to FILE")
+    app.add_option("--png", options.places.picture,
+                   "draw what one recording gives to FILE; - is standard output")
         ->type_name("FILE");
 }
 
@@ -104,8 +105,11 @@ void requirePlaces(const Options& options, size_t recordings) {
         options.format == Format::csv || options.format == Format::tsv || options.format == Format::json;
     if (many && !withNames && options.places.folder.empty())
         throw std::runtime_error("several recordings in this form want --out-dir");
-    if (options.format == Format::wav && options.places.file.empty() && options.places.folder.empty())
+    const bool toFile = !options.places.file.empty() || !options.places.folder.empty();
+    if (options.format == Format::wav && !toFile)
         throw std::runtime_error("--wav wants a file, as -o gives it");
+    if (options.places.picture == standardOutput && !toFile)
+        throw std::runtime_error("a picture on standard output wants a file for the table, as -o gives it");
 }
 
 /// The first input that is not given; "" where all are.
@@ -136,6 +140,10 @@ void declare(CLI::App& app, Options& options) {
     app.add_subcommand("help", "How a function is called")
         ->group("Help")
         ->add_option("FUNCTION", options.topic, "one of the functions");
+}
+
+bool isOutput(const std::string& file) {
+    return file == "-" || file == standardOutput;
 }
 
 /// What follows an option, without the check that the parser adds to its name.
@@ -221,7 +229,8 @@ Request requestOf(const Function& function, Options& options) {
     if (function.takesRecording() && recordings.empty())
         throw std::runtime_error(function.name + ": a recording is wanted; wavepitch help " + function.name +
                                  " tells more");
-    if (options.places.file == "-" || options.places.file == "/dev/stdout") options.places.file.clear();
+    if (isOutput(options.places.file)) options.places.file.clear();
+    if (isOutput(options.places.picture)) options.places.picture = standardOutput;
     requirePlaces(options, recordings.size());
     request.output = outputOf(function, options);
     requireFit(function, request.output, options.format);

@@ -15,6 +15,7 @@ bool isIgnored(int signal) {
 } // namespace
 
 Signals::Signals() {
+    std::signal(SIGCHLD, SIG_DFL); // whoever has called may ignore it: then no child's end would be told
     sigemptyset(&set);
     for (const int signal : {SIGINT, SIGTERM, SIGCHLD}) sigaddset(&set, signal);
     if (!isIgnored(SIGHUP)) sigaddset(&set, SIGHUP);
@@ -23,6 +24,14 @@ Signals::Signals() {
 
 void Signals::restore() const {
     sigprocmask(SIG_SETMASK, &before, nullptr);
+}
+
+void Signals::letThrough(const std::function<void()>& work) const {
+    sigset_t others = before;
+    sigaddset(&others, SIGCHLD); // would be lost
+    sigprocmask(SIG_SETMASK, &others, nullptr);
+    work();
+    sigprocmask(SIG_BLOCK, &set, nullptr);
 }
 
 int Signals::next() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <csignal>
+#include <functional>
 
 namespace shell {
 
@@ -18,6 +19,8 @@ public:
     void restore() const;
     /// Waits for one. SIGCHLD may stand for nothing at all.
     int next() const;
+    /// Does what may have to wait for others while those that end a program end this one at once.
+    void letThrough(const std::function<void()>& work) const;
 
 private:
     sigset_t set{};

@@ -61,7 +61,8 @@ TEST_F(Shell, ResultsStandInTheFormAskedFor) {
         {"wavepitch pitch2freq -.3", "frequency\n0\n"},
         {"wavepitch lrShiftDist -1,-2 3,2,9 --json", "{\"distance\":0.0,\"position\":1.0,\"shift\":-4.0}\n"},
         {"wavepitch ptParam 8000 --json | cut -d , -f 1-2", "{\"fs\":8000.0,\"nbits\":16.0\n"},
-        {"wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
+        {"timeout 9 env --ignore-signal=CHLD wavepitch pitch2freq 69 -o /dev/stdout", "frequency\n440\n"},
+        {"wavepitch pitch2freq 69,70 -o x --png - | head -c 4 | tail -c 3", "PNG"},
         {"wavepitch setCover sets=@sets.csv", "chosen,coverage\n2,0.6\n1,1\n"},
         {"wavepitch findTune maxNum=1 @hum.csv:f0 tunes.tsv --json",
          "{\"rank\":[2.0],\"distance\":[0.0],\"name\":[\"b, c\"],\"position\":[0.01],\"ratio\":[0.85],"
@@ -178,6 +179,7 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
         {"wavepitch wave2f0 eight.wav --mix -o eight.wav", "eight.wav: would be overwritten"},
         {"wavepitch wave2f0 $SPEECH -o empty.wav/x", "empty.wav/x: cannot be written: Not a directory"},
         {"wavepitch wave2f0 empty.wav --png ./empty.wav", "empty.wav: would be overwritten"},
+        {"wavepitch pitch2freq 69 --png -", "a picture on standard output wants a file"},
         {"wavepitch setCover 1,2 -o x --png ./x", "setCover: would write ./x twice"},
         {"wavepitch findTune 60 tunes -o ./tunes", "would write over the input ./tunes"},
         {"wavepitch wave2f0 $SPEECH -o /dev/full", "No space left on device"},
@@ -212,6 +214,11 @@ TEST_F(Shell, BadInputIsOneLineThatSaysWhatAndWhy) {
 
 TEST_F(Shell, InterruptionEndsWhatIsRunning) {
     EXPECT_EQ(bash("mkfifo pipe; timeout -k 9 -s INT 0.3 wavepitch wave2f0 pipe").status, 124) << "waits";
+    EXPECT_EQ(
+        bash("timeout -k 1 -s INT 1 wavepitch wave2f0 $SPEECH --show correlation | sleep 3; exit $PIPESTATUS")
+            .status,
+        124)
+        << "is not read";
     EXPECT_EQ(bash("(trap '' HUP; exec wavepitch isWaveSilence pipe) & sleep 0.3; kill -HUP $!; "
                    "timeout 5 cp $SPEECH pipe; wait $!")
                   .status,
