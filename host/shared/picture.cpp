@@ -308,7 +308,7 @@ void drawPicture(const std::string& path, const std::string& title, const Above&
     plot.line("set terminal pngcairo size 1200,800 noenhanced font 'Sans,11'");
     plot.output(path);
     plot.line("set multiplot title %s font 'Sans:Bold,13'", Gnuplot::quoted(title).c_str());
-    plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
+    plot.line("set lmargin at screen 0.09; set rmargin at screen 0.9");
     plot.line("set border lw 0.8; set tics out nomirror");
     const bool drawsWave = above.samples && !above.samples->data.empty();
     const bool sharedTimeAxis =
