@@ -3,8 +3,12 @@
 #include "utility/classicLocale.hpp"
 
 #include <cctype>
+#include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 Gnuplot::Gnuplot() {
@@ -24,6 +28,17 @@ void Gnuplot::line(const char* format, ...) {
 
 void Gnuplot::data(const std::vector<double>& values) {
     if (!values.empty()) std::fwrite(values.data(), sizeof(double), values.size(), pipe.get());
+}
+
+void Gnuplot::output(const std::string& path) {
+    // What gnuplot cannot open it replaces by standard output. Ordinary files alone are asked: to open a pipe
+    // once more would end it for its reader.
+    std::error_code unknown;
+    const bool isOther =
+        std::filesystem::exists(path, unknown) && !std::filesystem::is_regular_file(path, unknown);
+    if (!isOther && !std::ofstream(path, std::ios::app))
+        throw std::runtime_error(std::string("the picture's file cannot be opened: ") + std::strerror(errno));
+    line("set output %s", quoted(path).c_str());
 }
 
 void Gnuplot::finish() {

@@ -100,7 +100,7 @@ void draw(const Recording& recording, const std::vector<Point>& points, const st
 
     Gnuplot plot;
     plot.line("set terminal pngcairo size 1400,600 noenhanced");
-    plot.line("set output %s", Gnuplot::quoted(picture).c_str());
+    plot.output(picture);
     plot.line("set xlabel 'Time (s)'; set ylabel 'Frequency (Hz)'; set cblabel 'Level (dB)'");
     plot.line("set xrange [0:%g]; set yrange [0:%g]; set cbrange [30:120]",
               static_cast<double>(recording.samples.size()) / recording.fs, highest);

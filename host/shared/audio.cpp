@@ -122,7 +122,11 @@ RawFormat rawFormat(const std::string& text) {
 Recording readRecording(const std::string& path, const RawFormat& raw, const Mixer& mixer) {
     refuseWhatIsNoFile(path);
     SndfileHandle file = opened(path, raw);
-    if (file.error()) refuse(std::string("not readable as audio: ") + file.strError());
+    if (file.error()) {
+        const bool isFile = std::filesystem::is_regular_file(path);
+        refuse((isFile ? "not readable as audio: " : "not readable as audio through a pipe, as WAV is: ") +
+               std::string(file.strError()));
+    }
     std::vector<double> samples = readToEnd(file, path, mixer);
     const auto channels = static_cast<size_t>(mixer ? 1 : std::max(1, file.channels()));
     const size_t length = samples.size() / channels;

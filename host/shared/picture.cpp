@@ -8,6 +8,7 @@
 #include <fstream>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -120,6 +121,27 @@ const char* overColour(bool bothSigns, bool decibels) {
     return decibels ? "#ff3030" : "#ffffff";
 }
 
+/// A curve of positions and values, with at most two points, least and greatest, for each of its buckets; as
+/// it is where it is short.
+std::vector<double> thinned(std::vector<double> points) {
+    const size_t count = points.size() / 2;
+    const size_t bucket = count / mostBuckets;
+    if (bucket < 2) return points;
+    const auto value = [&points](size_t i) { return points[2 * i + 1]; };
+    std::vector<double> kept;
+    for (size_t start = 0; start < count; start += bucket) {
+        size_t least = start;
+        size_t greatest = start;
+        for (size_t i = start; i < std::min(count, start + bucket); ++i) {
+            if (std::isnan(value(least)) || value(i) < value(least)) least = i;
+            if (std::isnan(value(greatest)) || value(i) > value(greatest)) greatest = i;
+        }
+        for (const size_t i : {std::min(least, greatest), std::max(least, greatest)})
+            kept.insert(kept.end(), {points[2 * i], value(i)});
+    }
+    return kept;
+}
+
 void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y, const Axes& axes) {
     const size_t columns = std::min(output.columns, mostColumns);
     const size_t rows = std::min(output.rows, mostRows);
@@ -135,6 +157,7 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
     const double limit = colourLimit(pixels);
     const double dx = x.step * static_cast<double>(output.columns) / static_cast<double>(columns);
     const double dy = y.step * static_cast<double>(output.rows) / static_cast<double>(rows);
+    const std::vector<double> over = thinned(axes.over);
     plot.line("%s", bothSigns ? signedPalette : palette);
     if (axes.decibels)
         plot.line("set autoscale cb");
@@ -146,14 +169,13 @@ void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale
     plot.line("set ylabel '%s'", y.label.c_str());
     plot.line("plot '-' binary array=(%zu,%zu) origin=(%.17g,%.17g) dx=%.17g dy=%.17g format='%%double' "
               "with image notitle%s",
-              columns, rows, x.at(-0.5) + dx / 2, y.at(-0.5) + dy / 2, dx, dy,
-              axes.over.empty() ? "" : ", \\");
-    if (!axes.over.empty())
+              columns, rows, x.at(-0.5) + dx / 2, y.at(-0.5) + dy / 2, dx, dy, over.empty() ? "" : ", \\");
+    if (!over.empty())
         plot.line("'-' binary record=(%zu) format='%%double%%double' using 1:2 with points pt 7 ps 0.4 "
                   "lc rgb '%s' notitle",
-                  axes.over.size() / 2, overColour(bothSigns, axes.decibels));
+                  over.size() / 2, overColour(bothSigns, axes.decibels));
     plot.data(pixels);
-    plot.data(axes.over);
+    plot.data(over);
 }
 
 void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axes) {
@@ -178,15 +200,17 @@ void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axe
     const double margin = *least < *greatest ? 0.05 * *greatest - 0.05 * *least : 1 + 0.05 * std::abs(*least);
     plot.line("set yrange [%.17g:%.17g]", *least - margin, *greatest + margin);
     plot.line("set ylabel %s", Gnuplot::quoted(axes.label).c_str());
+    points = thinned(std::move(points));
+    const std::vector<double> over = thinned(axes.over);
     plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with linespoints pt 7 ps 0.3 "
               "lc rgb '#2c5f8a' notitle%s",
-              output.data.size(), axes.over.empty() ? "" : ", \\");
-    if (!axes.over.empty())
+              points.size() / 2, over.empty() ? "" : ", \\");
+    if (!over.empty())
         plot.line("'-' binary record=(%zu) format='%%double%%double' using 1:2 with lines lw 1.5 lc rgb '%s' "
                   "notitle",
-                  axes.over.size() / 2, endColour);
+                  over.size() / 2, endColour);
     plot.data(points);
-    plot.data(axes.over);
+    plot.data(over);
 }
 
 void drawNothing(Gnuplot& plot, const mxArray& output) {
@@ -282,9 +306,9 @@ void drawPicture(const std::string& path, const std::string& title, const Above&
     Gnuplot plot;
     plot.line("set encoding utf8");
     plot.line("set terminal pngcairo size 1200,800 noenhanced font 'Sans,11'");
-    plot.line("set output %s", Gnuplot::quoted(path).c_str());
+    plot.output(path);
     plot.line("set multiplot title %s font 'Sans:Bold,13'", Gnuplot::quoted(title).c_str());
-    plot.line("set lmargin at screen 0.075; set rmargin at screen 0.9");
+    plot.line("set lmargin at screen 0.09; set rmargin at screen 0.9");
     plot.line("set border lw 0.8; set tics out nomirror");
     const bool drawsWave = above.samples && !above.samples->data.empty();
     const bool sharedTimeAxis =

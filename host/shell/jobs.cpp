@@ -6,6 +6,7 @@
 #include <iostream>
 #include <map>
 #include <set>
+#include <stdexcept>
 
 namespace shell {
 
@@ -53,8 +54,13 @@ std::vector<Job> jobsOfName(const std::string& name, const Places& places) {
 std::vector<std::string> namesOnInput(bool endsWithZero) {
     std::vector<std::string> names;
     std::string name;
-    while (std::getline(std::cin, name, endsWithZero ? '\0' : '\n'))
+    while (std::getline(std::cin, name, endsWithZero ? '\0' : '\n')) {
+        if (name.find('\0') != std::string::npos)
+            throw std::runtime_error(
+                "standard input (-) must be names of recordings, one a line, or with -0 a "
+                "zero byte behind each; /dev/stdin is for a recording itself");
         if (!name.empty()) names.push_back(name);
+    }
     return names;
 }
 

@@ -51,7 +51,8 @@ a word, or
 .I @FILE
 for a table of numbers, or
 .I @FILE:NAME
-for a column of one with a line of names, as the command writes them. A recording whose own name has this form is written with its folder (./a=b.wav). Functions
+for a column of one with a line of names, as the command writes them. A recording whose own name has this form, or
+begins with a dash, is written with its folder (./a=b.wav, ./\-a.wav). Functions
 that take no recording take their inputs in order.
 .PP
 Several recordings are analysed side by side, each in a process of its own; their order and number change no
