@@ -8,7 +8,6 @@
 #include <fstream>
 #include <limits>
 #include <stdexcept>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -76,22 +75,41 @@ void drawUpright(Gnuplot& plot, double x, const char* colour) {
               x, x, colour);
 }
 
-/// A waveform as a curve of at most two points, least and greatest, for each of its buckets.
+/// A curve as positions and values by turns: of each bucket at most two points, least and greatest; all of
+/// them where they are few.
+template <typename Position, typename Value>
+std::vector<double> thinned(size_t count, Position position, Value value) {
+    const size_t bucket = std::max<size_t>(1, count / mostBuckets);
+    std::vector<double> points;
+    for (size_t start = 0; start < count; start += bucket) {
+        size_t least = start;
+        size_t greatest = start;
+        for (size_t i = start; i < std::min(count, start + bucket); ++i) {
+            if (std::isnan(value(least)) || value(i) < value(least)) least = i;
+            if (std::isnan(value(greatest)) || value(i) > value(greatest)) greatest = i;
+        }
+        const size_t first = std::min(least, greatest);
+        const size_t second = std::max(least, greatest);
+        points.insert(points.end(), {position(first), value(first)});
+        if (second > first) points.insert(points.end(), {position(second), value(second)});
+    }
+    return points;
+}
+
+std::vector<double> thinned(const std::vector<double>& points) {
+    return thinned(
+        points.size() / 2, [&](size_t i) { return points[2 * i]; },
+        [&](size_t i) { return points[2 * i + 1]; });
+}
+
 void drawWave(Gnuplot& plot, const mxArray& wave, double rate) {
     const size_t count = wave.data.size();
-    const size_t bucket = std::max<size_t>(1, count / mostBuckets);
     const double unit = rate > 0 ? rate : 1;
-    std::vector<double> points;
+    const std::vector<double> points = thinned(
+        count, [=](size_t i) { return static_cast<double>(i) / unit; },
+        [&](size_t i) { return finiteOrBlank(wave.data[i]); });
     double peak = 0;
-    for (size_t start = 0; start < count; start += bucket) {
-        const auto first = wave.data.begin() + static_cast<std::ptrdiff_t>(start);
-        const auto last = first + static_cast<std::ptrdiff_t>(std::min(bucket, count - start));
-        const auto [least, greatest] = std::minmax_element(first, last);
-        for (const double value : {*least, *greatest}) {
-            points.insert(points.end(), {static_cast<double>(start) / unit, finiteOrBlank(value)});
-            if (std::isfinite(value)) peak = std::max(peak, std::abs(value));
-        }
-    }
+    for (size_t i = 1; i < points.size(); i += 2) peak = std::fmax(peak, std::abs(points[i]));
     plot.line("set xrange [0:%.17g]", static_cast<double>(count) / unit);
     plot.line("set yrange [%.17g:%.17g]", -1.05 * (peak > 0 ? peak : 1), 1.05 * (peak > 0 ? peak : 1));
     plot.line("set ylabel 'Amplitude'");
@@ -119,27 +137,6 @@ void toDecibels(std::vector<double>& magnitudes) {
 const char* overColour(bool bothSigns, bool decibels) {
     if (bothSigns) return "#000000";
     return decibels ? "#ff3030" : "#ffffff";
-}
-
-/// A curve of positions and values, with at most two points, least and greatest, for each of its buckets; as
-/// it is where it is short.
-std::vector<double> thinned(std::vector<double> points) {
-    const size_t count = points.size() / 2;
-    const size_t bucket = count / mostBuckets;
-    if (bucket < 2) return points;
-    const auto value = [&points](size_t i) { return points[2 * i + 1]; };
-    std::vector<double> kept;
-    for (size_t start = 0; start < count; start += bucket) {
-        size_t least = start;
-        size_t greatest = start;
-        for (size_t i = start; i < std::min(count, start + bucket); ++i) {
-            if (std::isnan(value(least)) || value(i) < value(least)) least = i;
-            if (std::isnan(value(greatest)) || value(i) > value(greatest)) greatest = i;
-        }
-        for (const size_t i : {std::min(least, greatest), std::max(least, greatest)})
-            kept.insert(kept.end(), {points[2 * i], value(i)});
-    }
-    return kept;
 }
 
 void drawImage(Gnuplot& plot, const mxArray& output, const Scale& x, const Scale& y, const Axes& axes) {
@@ -200,7 +197,7 @@ void drawLine(Gnuplot& plot, mxArray output, const Scale& along, const Axes& axe
     const double margin = *least < *greatest ? 0.05 * *greatest - 0.05 * *least : 1 + 0.05 * std::abs(*least);
     plot.line("set yrange [%.17g:%.17g]", *least - margin, *greatest + margin);
     plot.line("set ylabel %s", Gnuplot::quoted(axes.label).c_str());
-    points = thinned(std::move(points));
+    points = thinned(points);
     const std::vector<double> over = thinned(axes.over);
     plot.line("plot '-' binary record=(%zu) format='%%double%%double' using 1:2 with linespoints pt 7 ps 0.3 "
               "lc rgb '#2c5f8a' notitle%s",
