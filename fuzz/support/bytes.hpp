@@ -25,8 +25,8 @@ public:
     /// Of all doubles: whole ones, fractions, zeros of both signs, the ends, infinities, not-a-number, any
     /// bits.
     double anyDouble();
-    /// From least to most, which is at least 1; often at or beside a power of two, where the blocks of kernels
-    /// begin.
+    /// From least to most, which is at least 1; often at or beside a power of two, where the blocks of
+    /// kernels begin.
     int length(int least, int most);
     std::string text(int length);
 
