@@ -74,6 +74,7 @@ TEST(Interruption, OperationsAskInLongSoundsTransformsAndSearches) {
     double* const out = y.data();
     Doubles sets = ramp(300'000);
     const int length = lengthOf(x);
+    const Ints quiet(600'000);
     const MELODY melody{"", {60}, {1}, {0}};
     const TUNE tune{in, 50'000, nullptr, 0};
     const TUNESEARCH everyScale;
@@ -85,6 +86,8 @@ TEST(Interruption, OperationsAskInLongSoundsTransformsAndSearches) {
     const Case cases[] = {
         {"one frame's pitch function", 3, [&] { frame2acf(out, 5000, values.data(), 100, 1, 0); }},
         {"transform", 2, [&] { fftComplex(out, out + (1 << 20), 1 << 18); }},
+        {"spectra of frames", 1, [&] { cAudio::absFft4frameMat(in, 512, 23000, 0, out); }},
+        {"unvoiced cut", 1, [&] { cAudio::uvCut(quiet.data(), lengthOf(quiet), 100, 90); }},
         {"pitch of a note", 1, [&] { cAudio::pitch2wave(in + 60, 1, 1, 8000, out, length); }},
         {"one period", 6, [&] { cAudio::pitch2wave(in + 1, 1, 1e-3, 50'000'000, out, length); }},
         {"notes in frames", 1, [&] { cAudio::note2pv(in, 2, 1, out, length); }},
