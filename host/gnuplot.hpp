@@ -17,7 +17,8 @@ public:
     /// The numbers of a plot '-' binary, which come right after its line, as %double.
     void data(const std::vector<double>& values);
 
-    /// The file that the picture goes to; a std::runtime_error if it cannot be opened.
+    /// The file that the picture goes to, made at once where there is none; a std::runtime_error if it cannot
+    /// be opened. A pipe or a device is left to gnuplot.
     void output(const std::string& path);
 
     /// Ends the script and waits; a std::runtime_error if gnuplot is missing or reports failure.

@@ -1,5 +1,4 @@
-// Long operations ask their host from time to time whether they shall go on: each of them, and all of their
-// stages.
+// Long operations ask their host from time to time whether they shall go on.
 #include "utility/interruption.hpp"
 #include "support/audio.hpp"
 #include "support/operations.hpp"

@@ -70,7 +70,7 @@ TEST(Console, InputArrivesInPiecesAndItsEndIsFatal) {
     EXPECT_EQ(console.text(), "Hit RETURN to continue ...\n");
     char buf[256];
     EXPECT_EQ(myGets(buf), std::string(255, '0'));
-    EXPECT_EQ(myGets(buf), std::string(45, '0').append("\n"));
+    EXPECT_EQ(myGets(buf), std::string(45, '0') + '\n');
     EXPECT_EQ(fatalMessage([&] { myGets(buf); }), "Error reading string" + inUtility);
 }
 
